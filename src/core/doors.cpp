@@ -1,0 +1,10 @@
+#include "core/doors.h"
+
+namespace kolibri {
+
+Doors& doors() {
+    static Doors instance;
+    return instance;
+}
+
+} // namespace kolibri

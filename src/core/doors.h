@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+namespace kolibri {
+
+/// A message box. `code` is the sum that the office's boxes have always been told by: buttons (0 OK,
+/// 1 OK and Abbrechen, 4 Ja and Nein), icon (16 stop, 32 question, 48 exclamation, 64 information) and
+/// default (256 the second button).
+struct MessageBox {
+    QString text;
+    int code = 0;
+    QString title;
+    /// Shown on request behind "Details", for whoever helps the office.
+    QString details = {};
+};
+
+/// The pressed button of a message box.
+enum MessageAnswer : quint8 { kAnswerOk = 1, kAnswerCancel = 2, kAnswerYes = 6, kAnswerNo = 7 };
+
+/// Message boxes and questions.
+class MessageDoor {
+public:
+    virtual ~MessageDoor() = default;
+    virtual MessageAnswer show(const MessageBox& box) = 0;
+};
+
+/// Asks for one line of text; no value when the user gave up.
+class InputDoor {
+public:
+    virtual ~InputDoor() = default;
+    virtual std::optional<QString> ask(const QString& title, const QString& text, const QString& preset) = 0;
+};
+
+/// File and folder dialogs; an empty path when the user gave up.
+class FileDoor {
+public:
+    virtual ~FileDoor() = default;
+    virtual QString chooseFolder(const QString& title, const QString& start) = 0;
+    virtual QString chooseFile(const QString& title, const QString& start, const QString& filter) = 0;
+};
+
+/// Date and time of now.
+class ClockDoor {
+public:
+    virtual ~ClockDoor() = default;
+    virtual QDateTime now() const = 0;
+};
+
+/// What reaches outside the program. The real doors are put in at start; a test puts in its own.
+struct Doors {
+    std::unique_ptr<MessageDoor> messages;
+    std::unique_ptr<InputDoor> input;
+    std::unique_ptr<FileDoor> files;
+    std::unique_ptr<ClockDoor> clock;
+};
+
+/// The doors in use.
+Doors& doors();
+
+/// The clock of the machine.
+class SystemClock final : public ClockDoor {
+public:
+    QDateTime now() const override { return QDateTime::currentDateTime(); }
+};
+
+} // namespace kolibri

@@ -1,0 +1,90 @@
+#include "core/frmStart_targets.h"
+
+#include "core/mdlAllgemein.h"
+#include "core/mdlGlobal.h"
+#include "core/menu_table.h"
+#include "core/reports_entry.h"
+#include "core/settings_file.h"
+#include "core/startup.h"
+#include "maintenance/new_database.h"
+#include "maintenance/sample_school.h"
+
+#include <QGuiApplication>
+#include <QWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace kolibri {
+namespace {
+
+constexpr int kInformation = 64;
+
+/// Says so in one box where the office asks for a part of the program that is still to be built.
+void notYetThere() {
+    MsgBox(u"Dieser Programmteil steht noch nicht zur Verfügung."_s, kInformation);
+}
+
+void report(QWidget*, const MenuTask&) {
+    askForSchoolStarters();
+    notYetThere();
+}
+
+void occupancy(QWidget*, const MenuTask& task) {
+    constexpr quint8 kMensaPlan = 13;
+    if (occupancyCanBeShown(task.listenArt == kMensaPlan ? u"ME"_s : u"LZ"_s))
+        notYetThere();
+}
+
+void info(QWidget*, const MenuTask&) {
+    MsgBox(u"Kolibri\n"_s + versionLine(), kInformation, u"Info"_s);
+}
+
+/// The wait cursor for the length of a block.
+class WaitCursor {
+public:
+    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+/// Lets the user choose a folder, makes a database in it, and has the program look there from its next start
+/// on.
+void makeDatabase(const std::function<void(const QString&)>& make) {
+    const QString folder =
+        doors().files->chooseFolder(u"Bitte wählen Sie einen Ordner aus..."_s, Global().DB_Pfad);
+    if (folder.isEmpty())
+        return;
+    {
+        const WaitCursor wait;
+        make(folder);
+    }
+    writeDatabaseFolder(settingsFile(), folder);
+    Global().DB_Pfad = folder;
+    MsgBox(u"Zur Übernahme der Daten bitte das Programm neu starten!"_s);
+}
+
+void newDatabase(QWidget*, const MenuTask&) {
+    makeDatabase([](const QString& folder) { createDatabase(folder); });
+}
+
+void sampleSchool(QWidget*, const MenuTask&) {
+    makeDatabase([](const QString& folder) { createSampleSchool(folder, {}); });
+}
+
+} // namespace
+
+const std::map<QString, MenuTarget>& menuTargets() {
+    static const std::map<QString, MenuTarget> targets{
+        {u"Beenden"_s, [](QWidget* window, const MenuTask&) { window->close(); }},
+        {u"BerichtMitFrage"_s, report},
+        {u"Belegung"_s, occupancy},
+        {u"Info"_s, info},
+        {u"NeueDatenbank"_s, newDatabase},
+        {u"Beispielschule"_s, sampleSchool},
+        {QString(), [](QWidget*, const MenuTask&) { notYetThere(); }},
+    };
+    return targets;
+}
+
+} // namespace kolibri

@@ -1,0 +1,149 @@
+#include "core/widgets/qt_doors.h"
+
+#include "core/doors.h"
+#include "core/mdlAllgemein.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace kolibri {
+namespace {
+
+constexpr int kButtonMask = 0x0f;
+constexpr int kIconMask = 0xf0;
+constexpr int kDefaultMask = 0xf00;
+
+struct BoxButton {
+    QMessageBox::StandardButton button;
+    QString text;
+    MessageAnswer answer;
+};
+
+std::vector<BoxButton> buttonsOf(int code) {
+    const BoxButton ok{QMessageBox::Ok, u"OK"_s, kAnswerOk};
+    switch (code & kButtonMask) {
+    case 1:
+        return {ok, {QMessageBox::Cancel, u"Abbrechen"_s, kAnswerCancel}};
+    case 4:
+        return {{QMessageBox::Yes, u"Ja"_s, kAnswerYes}, {QMessageBox::No, u"Nein"_s, kAnswerNo}};
+    default:
+        return {ok};
+    }
+}
+
+QMessageBox::Icon iconOf(int code) {
+    switch (code & kIconMask) {
+    case 16:
+        return QMessageBox::Critical;
+    case 32:
+        return QMessageBox::Question;
+    case 48:
+        return QMessageBox::Warning;
+    case 64:
+        return QMessageBox::Information;
+    default:
+        return QMessageBox::NoIcon;
+    }
+}
+
+/// Qt's own translation may be missing on the machine; the office reads German all the same.
+void germanButtons(QDialogButtonBox* box) {
+    if (!box)
+        return;
+    if (auto* ok = box->button(QDialogButtonBox::Ok))
+        ok->setText(u"OK"_s);
+    if (auto* cancel = box->button(QDialogButtonBox::Cancel))
+        cancel->setText(u"Abbrechen"_s);
+}
+
+class QtMessages final : public MessageDoor {
+public:
+    MessageAnswer show(const MessageBox& content) override {
+        QMessageBox box(QApplication::activeWindow());
+        box.setIcon(iconOf(content.code));
+        box.setWindowTitle(content.title.isEmpty() ? kProgramTitle : content.title);
+        // The text may hold a name with markup in it, which must be read and not obeyed.
+        box.setTextFormat(Qt::PlainText);
+        box.setText(content.text);
+        const auto buttons = buttonsOf(content.code);
+        for (const auto& button : buttons)
+            box.addButton(button.button)->setText(button.text);
+        const bool second = (content.code & kDefaultMask) == 0x100 && buttons.size() > 1;
+        box.setDefaultButton(buttons[second ? 1 : 0].button);
+        box.setEscapeButton(buttons.back().button);
+        if (!content.details.isEmpty())
+            addDetails(box, content.details);
+        const int pressed = box.exec();
+        for (const auto& button : buttons)
+            if (button.button == pressed)
+                return button.answer;
+        return buttons.back().answer;
+    }
+
+private:
+    static void addDetails(QMessageBox& box, const QString& details) {
+        box.setDetailedText(details);
+        for (auto* button : box.buttons()) {
+            if (box.buttonRole(button) != QMessageBox::ActionRole)
+                continue;
+            // Qt writes its own words back whenever the section opens or closes.
+            const auto name = [button] { button->setText(u"Details"_s); };
+            name();
+            QObject::connect(button, &QAbstractButton::clicked, button, name, Qt::QueuedConnection);
+        }
+    }
+};
+
+class QtInput final : public InputDoor {
+public:
+    std::optional<QString> ask(const QString& title, const QString& text, const QString& preset) override {
+        QInputDialog dialog(QApplication::activeWindow());
+        dialog.setWindowTitle(title);
+        dialog.setLabelText(text);
+        dialog.setTextValue(preset);
+        dialog.setOkButtonText(u"OK"_s);
+        dialog.setCancelButtonText(u"Abbrechen"_s);
+        if (dialog.exec() != QDialog::Accepted)
+            return std::nullopt;
+        return dialog.textValue();
+    }
+};
+
+class QtFiles final : public FileDoor {
+public:
+    QString chooseFolder(const QString& title, const QString& start) override {
+        QFileDialog dialog(QApplication::activeWindow(), title, start);
+        dialog.setFileMode(QFileDialog::Directory);
+        dialog.setOption(QFileDialog::ShowDirsOnly);
+        return chosen(dialog);
+    }
+
+    QString chooseFile(const QString& title, const QString& start, const QString& filter) override {
+        QFileDialog dialog(QApplication::activeWindow(), title, start, filter);
+        dialog.setFileMode(QFileDialog::ExistingFile);
+        return chosen(dialog);
+    }
+
+private:
+    static QString chosen(QFileDialog& dialog) {
+        germanButtons(dialog.findChild<QDialogButtonBox*>());
+        return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    }
+};
+
+} // namespace
+
+void openQtDoors() {
+    doors().messages = std::make_unique<QtMessages>();
+    doors().input = std::make_unique<QtInput>();
+    doors().files = std::make_unique<QtFiles>();
+    doors().clock = std::make_unique<SystemClock>();
+}
+
+} // namespace kolibri
