@@ -5,6 +5,9 @@ namespace kolibri {
 ColumnBuilder::ColumnBuilder(ListState& liste) : m_liste(liste) {
     m_liste.SpaltenText.clear();
     m_liste.SpaltenKey.clear();
+    m_liste.KontaktSpalten = 0;
+    m_liste.KontaktNummern.clear();
+    m_liste.BeitragNummern.clear();
 }
 
 void ColumnBuilder::add(const QString& text, qint16 weight, Ausrichtung alignment, const QString& key) {

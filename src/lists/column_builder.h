@@ -7,7 +7,7 @@ namespace kolibri {
 /// Adds column after column to a list that is being defined.
 class ColumnBuilder {
 public:
-    /// Empties the texts and keys of the list before.
+    /// Empties the texts and keys of the list before, and forgets its contact and fee columns.
     explicit ColumnBuilder(ListState& liste);
 
     /// A column with its heading, weight and alignment; its key is the heading unless another is given.

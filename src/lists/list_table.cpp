@@ -3,15 +3,31 @@
 #include "core/doors.h"
 #include "core/mdlGlobal.h"
 #include "core/runtime_error.h"
+#include "lists/class_times_list.h"
 #include "lists/list_columns.h"
+#include "lists/list_numbers.h"
 #include "lists/list_state.h"
+#include "lists/master_data_sheet.h"
+#include "lists/module_list.h"
+#include "lists/pupil_list_gather.h"
+#include "lists/pupil_list_write.h"
 
 using namespace Qt::StringLiterals;
 
 namespace kolibri {
 
 const std::vector<ListEntry>& listTable() {
-    static const std::vector<ListEntry> table{};
+    using enum ListMoment;
+    static const std::vector<ListEntry> table{
+        {kUnterrichtszeiten, BeforeWindow, Unterrichtszeiten_Sammeln, Schuelerliste_Schreiben},
+        {kStammdatenBlatt, BeforeWindow, StammdatenBlatt_Sammeln, StammdatenBlatt_Schreiben},
+        {kBausteine, BeforeWindow, Bausteine_Sammeln, Bausteine_Schreiben},
+        {kSchulanfaenger, BeforeWindow, Schulanfaenger_Sammeln, Schuelerliste_Schreiben},
+        {kNamensliste, BeforeWindow, Namensliste_Sammeln, Schuelerliste_Schreiben},
+        {kNeueSchueler, BeforeWindow, NeueSchueler_Sammeln, Schuelerliste_Schreiben},
+        {kNichtOgSchueler, BeforeWindow, NichtOgSchueler_Sammeln, Schuelerliste_Schreiben},
+        {kErweiterteListe, BeforeWindow, Namensliste_Sammeln, Schuelerliste_Schreiben},
+    };
     return table;
 }
 

@@ -57,9 +57,6 @@ void buildPupilColumns(ColumnBuilder& builder) {
     auto& liste = Liste();
     const auto& options = liste.Dialog;
     const quint8 listenArt = Global().ListenArt;
-    liste.KontaktSpalten = 0;
-    liste.KontaktNummern.clear();
-    liste.BeitragNummern.clear();
 
     addNames(builder, listenArt, options);
     if (options.chkGebDatum)
