@@ -50,7 +50,8 @@ QString pageFile() {
 void producePage() {
     const ListEntry& list = findList(Global().ListenArt);
     QSaveFile file(pageFile());
-    if (!file.open(QIODevice::WriteOnly))
+    // Unbuffered, because a buffered file does not tell when a full disk takes only a part.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         failed(file);
     loadPageValues();
     PageWriter page(file);

@@ -1,5 +1,6 @@
 #include "lists/page_writer.h"
 
+#include "core/runtime_error.h"
 #include "core/windows1252.h"
 
 #include <QIODevice>
@@ -53,7 +54,8 @@ void PageWriter::line(std::initializer_list<QStringView> pieces) {
 }
 
 void PageWriter::flush() {
-    m_device.write(m_buffer);
+    if (m_device.write(m_buffer) != m_buffer.size())
+        throw RuntimeError::fileAccess(m_device.errorString());
     m_buffer.clear();
 }
 

@@ -9,7 +9,7 @@ class QIODevice;
 
 namespace kolibri {
 
-/// Writes the lines of a page into a file: CR LF behind each, one byte a character in the code page of the
+/// Writes the lines of a page into an unbuffered file: CR LF behind each, one byte a character in the code page of the
 /// office (Windows-1252), and a decimal character reference for what has no place in it, so that no name is
 /// lost. Nothing is escaped: what the office has written with markup reaches the page as markup.
 class PageWriter {
@@ -21,7 +21,7 @@ public:
     void line(QStringView text);
     /// One line made of pieces.
     void line(std::initializer_list<QStringView> pieces);
-    /// Hands what is left to the device. What the device did not take shows in its error.
+    /// Hands what is left to the device. @throws RuntimeError 75 when it does not take all of it
     void flush();
 
 private:
