@@ -18,14 +18,15 @@ namespace kolibri {
 
 const std::vector<ListEntry>& listTable() {
     using enum ListMoment;
+    constexpr bool kClearsOptions = true;
     static const std::vector<ListEntry> table{
         {kUnterrichtszeiten, BeforeWindow, Unterrichtszeiten_Sammeln, Schuelerliste_Schreiben},
         {kStammdatenBlatt, BeforeWindow, StammdatenBlatt_Sammeln, StammdatenBlatt_Schreiben},
         {kBausteine, BeforeWindow, Bausteine_Sammeln, Bausteine_Schreiben},
         {kSchulanfaenger, BeforeWindow, Schulanfaenger_Sammeln, Schuelerliste_Schreiben},
         {kNamensliste, BeforeWindow, Namensliste_Sammeln, Schuelerliste_Schreiben},
-        {kNeueSchueler, BeforeWindow, NeueSchueler_Sammeln, Schuelerliste_Schreiben},
-        {kNichtOgSchueler, BeforeWindow, NichtOgSchueler_Sammeln, Schuelerliste_Schreiben},
+        {kNeueSchueler, BeforeWindow, NeueSchueler_Sammeln, Schuelerliste_Schreiben, kClearsOptions},
+        {kNichtOgSchueler, BeforeWindow, NichtOgSchueler_Sammeln, Schuelerliste_Schreiben, kClearsOptions},
         {kErweiterteListe, BeforeWindow, Namensliste_Sammeln, Schuelerliste_Schreiben},
     };
     return table;
@@ -45,6 +46,8 @@ void prepareList(quint8 listenArt) {
     Global().ListenArt = listenArt;
     liste.ListenDatum = doors().clock->now().date();
     liste.BeitragSummen.fill(0);
+    if (entry.clearsOptions)
+        liste.Dialog.clearCheckBoxes();
     defineColumns();
     if (entry.moment != ListMoment::InPage)
         entry.gather();

@@ -23,6 +23,8 @@ struct ListEntry {
     void (*gather)();
     /// Writes the page's body, from "<BODY>" to "</HTML>".
     void (*write)(PageWriter&);
+    /// The list has no options, and clears the check boxes of frmDialog before its columns are defined.
+    bool clearsOptions = false;
 };
 
 /// The lists of the program.

@@ -103,6 +103,8 @@ void addPupil(const Recordset& pupil) {
     addWeek(pupil);
 }
 
+/// The rows of the contacts take the rest of the sheet's width for their second cell, and so follow the
+/// columns of the table however many it has.
 void writeMasterRow(PageWriter& page, int row) {
     const auto& liste = Liste();
     const QString& code = liste.ZeilenCode(row);

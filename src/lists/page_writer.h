@@ -9,9 +9,9 @@ class QIODevice;
 
 namespace kolibri {
 
-/// Writes the lines of a page into an unbuffered file: CR LF behind each, one byte a character in the code page of the
-/// office (Windows-1252), and a decimal character reference for what has no place in it, so that no name is
-/// lost. Nothing is escaped: what the office has written with markup reaches the page as markup.
+/// Writes the lines of a page into an unbuffered file: CR LF behind each, one byte a character in the code
+/// page of the office (Windows-1252), and a decimal character reference for what has no place in it, so that
+/// no name is lost. Nothing is escaped: what the office has written with markup reaches the page as markup.
 class PageWriter {
 public:
     explicit PageWriter(QIODevice& device) : m_device(device) {}
