@@ -20,6 +20,14 @@ QString whereClause(const QString& condition) {
     return condition.isEmpty() ? QString() : u" WHERE "_s + condition;
 }
 
+/// A text without content is the empty text, whichever way it came about; the driver would write a null for
+/// some.
+QVariant bindable(const QVariant& value) {
+    if (value.typeId() == QMetaType::QString && value.toString().isEmpty())
+        return u""_s;
+    return value;
+}
+
 /// SQLite has no type of its own for true and false, and hands a sum of money without cents out as a whole
 /// number.
 QVariant asKind(const QVariant& raw, std::optional<ColumnKind> kind) {
@@ -135,21 +143,20 @@ int Connection::Change(const QString& table, const FieldValues& values, const QS
     QVariantList bound = Converted(table, values, names);
     bound += conditionValues;
     RefuseApostrophes(bound, table);
-    return Run(u"UPDATE "_s + quoted(table) + u" SET "_s + names.join(u" = ?, "_s) + u" = ?"_s
-                   + whereClause(condition),
-               bound, table)
-        .numRowsAffected();
+    return Write(u"UPDATE "_s + quoted(table) + u" SET "_s + names.join(u" = ?, "_s) + u" = ?"_s
+                     + whereClause(condition),
+                 bound, table)
+        .rows;
 }
 
 int Connection::Delete(const QString& table, const QString& condition, const QVariantList& conditionValues) {
     RefuseApostrophes(conditionValues, table);
-    return Run(u"DELETE FROM "_s + quoted(table) + whereClause(condition), conditionValues, table)
-        .numRowsAffected();
+    return Write(u"DELETE FROM "_s + quoted(table) + whereClause(condition), conditionValues, table).rows;
 }
 
 int Connection::Execute(const QString& statement, const QVariantList& values) {
     RefuseApostrophes(values, {});
-    const int rows = Run(statement, values, {}).numRowsAffected();
+    const int rows = Write(statement, values, {}).rows;
     ForgetCatalogue();
     return rows;
 }
@@ -160,7 +167,7 @@ qint64 Connection::Insert(const QString& table, const FieldValues& values) {
     const QString marks = QStringList(names.size(), u"?"_s).join(u", "_s);
     const QString content = names.isEmpty() ? u"DEFAULT VALUES"_s
                                             : u"("_s + names.join(u", "_s) + u") VALUES ("_s + marks + u")"_s;
-    return Run(u"INSERT INTO "_s + quoted(table) + u' ' + content, bound, table).lastInsertId().toLongLong();
+    return Write(u"INSERT INTO "_s + quoted(table) + u' ' + content, bound, table).key;
 }
 
 QVariantList Connection::Converted(const QString& table, const FieldValues& values, QStringList& names) {
@@ -200,15 +207,22 @@ QSqlQuery& Connection::Run(const QString& statement, const QVariantList& values,
     }
     QSqlQuery& query = found->second;
     for (int i = 0; i < values.size(); ++i)
-        query.bindValue(i, values.at(i));
+        query.bindValue(i, bindable(values.at(i)));
     if (!query.exec()) {
         const StoreError error = m_engine.explain(query.lastError(), table);
         m_prepared.erase(found);
         Fail(error);
     }
-    if (!query.isSelect())
-        query.finish();
     return query;
+}
+
+Connection::Written Connection::Write(const QString& statement, const QVariantList& values,
+                                      const QString& table) {
+    QSqlQuery& query = Run(statement, values, table);
+    const Written written{query.numRowsAffected(), query.lastInsertId().toLongLong()};
+    // A statement that is not finished holds its lock, and the other workstations wait.
+    query.finish();
+    return written;
 }
 
 void Connection::RefuseApostrophes(const QVariantList& values, const QString& table) const {
@@ -294,7 +308,7 @@ void Connection::Fail(StoreError error) const {
 
 Transaction::Transaction(Connection& connection) : m_connection(connection) {
     if (m_connection.m_transactionDepth == 0)
-        m_connection.Run(m_connection.m_engine.beginWriting(), {}, {});
+        m_connection.Write(m_connection.m_engine.beginWriting(), {}, {});
     ++m_connection.m_transactionDepth;
 }
 
@@ -306,7 +320,7 @@ Transaction::~Transaction() {
         return;
     m_connection.m_transactionLost = false;
     try {
-        m_connection.Run(u"ROLLBACK"_s, {}, {});
+        m_connection.Write(u"ROLLBACK"_s, {}, {});
     } catch (const StoreError&) {
         // The engine has taken the transaction back by itself; closing settles whatever is left of it.
         m_connection.Close();
@@ -319,7 +333,7 @@ void Transaction::Commit() {
             StoreError(StoreError::Kind::Programming,
                        u"Die Änderungen wurden zurückgenommen; es wurde nichts gespeichert."_s));
     if (m_connection.m_transactionDepth == 1)
-        m_connection.Run(u"COMMIT"_s, {}, {});
+        m_connection.Write(u"COMMIT"_s, {}, {});
     --m_connection.m_transactionDepth;
     m_done = true;
 }

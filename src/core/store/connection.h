@@ -113,6 +113,12 @@ private:
     qint64 Insert(const QString& table, const FieldValues& values);
     ColumnInfo FindColumn(const QString& table, const QString& field);
     QSqlQuery& Run(const QString& statement, const QVariantList& values, const QString& table);
+    /// What a writing statement left: the rows it touched and the key of the row it added.
+    struct Written {
+        int rows;
+        qint64 key;
+    };
+    Written Write(const QString& statement, const QVariantList& values, const QString& table);
     QVariantList Converted(const QString& table, const FieldValues& values, QStringList& names);
     void RefuseApostrophes(const QVariantList& values, const QString& table) const;
     void ForgetCatalogue();
