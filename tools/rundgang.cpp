@@ -1,0 +1,78 @@
+// Walks through the windows of the program on the sample school and leaves a picture of each in a folder.
+
+#include "core/error_report.h"
+#include "core/frmStart.h"
+#include "core/mdlAllgemein.h"
+#include "core/mdlGlobal.h"
+#include "core/widgets/application.h"
+#include "core/widgets/forms.h"
+#include "core/widgets/qt_doors.h"
+
+#include <QDir>
+#include <QTextStream>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+using namespace kolibri;
+
+namespace {
+
+/// A walk stops for nothing: what the program would say in a box goes to the terminal, and No is the answer.
+class SpokenMessages final : public MessageDoor {
+public:
+    MessageAnswer show(const MessageBox& box) override {
+        QTextStream(stderr) << box.title << ": " << box.text << '\n' << box.details << '\n';
+        return (box.code & 0x0f) == 4 ? kAnswerNo : kAnswerOk;
+    }
+};
+
+class Walk {
+public:
+    explicit Walk(const QString& folder) : m_folder(folder) {}
+
+    /// Saves a picture of a window as it stands. False when the file cannot be written.
+    bool picture(QWidget& window, const QString& name) {
+        QCoreApplication::processEvents();
+        const QString file = m_folder.filePath(name + u".png"_s);
+        m_pictures += window.grab().save(file) ? 1 : 0;
+        return QFile::exists(file);
+    }
+
+    int pictures() const { return m_pictures; }
+
+private:
+    QDir m_folder;
+    int m_pictures = 0;
+};
+
+int walk(const QString& folder) {
+    QTextStream out(stdout);
+    Walk road(folder);
+    auto& start = Form<frmStart>();
+    start.setState(startUp(QCoreApplication::applicationDirPath()));
+    start.show();
+    if (!road.picture(start, u"01-hauptfenster"_s))
+        return EXIT_FAILURE;
+    out << "Beispielschule: " << Global().ConnString << '\n';
+    out << "Bilder der Fenster: " << road.pictures() << " in " << QDir(folder).absolutePath() << '\n';
+    return EXIT_SUCCESS;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    Application application(argc, argv);
+    openQtDoors();
+    doors().messages = std::make_unique<SpokenMessages>();
+    const QString folder = application.arguments().value(1, u"out"_s);
+    if (!QDir().mkpath(folder))
+        return EXIT_FAILURE;
+    int result = EXIT_FAILURE;
+    try {
+        result = walk(folder);
+    } catch (...) {
+        reportError(std::current_exception());
+    }
+    unloadForms();
+    return result;
+}
