@@ -51,12 +51,23 @@ public:
     virtual QDateTime now() const = 0;
 };
 
+/// Shows how far long work has come: the wait cursor at once, a window after half a second.
+class ProgressDoor {
+public:
+    virtual ~ProgressDoor() = default;
+    /// Long work of so many steps begins; `text` says what it is.
+    virtual void begin(const QString& text, int steps) = 0;
+    virtual void step(int done) = 0;
+    virtual void end() = 0;
+};
+
 /// What reaches outside the program. The real doors are put in at start; a test puts in its own.
 struct Doors {
     std::unique_ptr<MessageDoor> messages;
     std::unique_ptr<InputDoor> input;
     std::unique_ptr<FileDoor> files;
     std::unique_ptr<ClockDoor> clock;
+    std::unique_ptr<ProgressDoor> progress;
 };
 
 /// The doors in use.

@@ -8,7 +8,12 @@ RuntimeError::RuntimeError(int number, const QString& words, const QString& deta
     : std::runtime_error(words.toStdString()), m_number(number), m_words(words), m_details(details) {}
 
 QString RuntimeError::message() const {
-    return u"Laufzeitfehler '%1': %2"_s.arg(m_number).arg(m_words);
+    const QString words = u"Laufzeitfehler '%1': %2"_s.arg(m_number).arg(m_words);
+    return m_hint.isEmpty() ? words : words + u"\n\n"_s + m_hint;
+}
+
+RuntimeError RuntimeError::invalidCall(const QString& details) {
+    return {5, u"Ungültiger Prozeduraufruf oder ungültiges Argument"_s, details};
 }
 
 RuntimeError RuntimeError::overflow(const QString& details) {

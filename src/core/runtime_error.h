@@ -16,7 +16,11 @@ public:
     /// "Laufzeitfehler '9': Index außerhalb des gültigen Bereichs"
     QString message() const;
     QString details() const { return m_details; }
+    /// A further paragraph for the box, such as where the state before the operation is kept.
+    void setHint(const QString& hint) { m_hint = hint; }
 
+    /// 5: a piece is to be cut from a text that is too short for it.
+    static RuntimeError invalidCall(const QString& details = {});
     /// 6: a number is too large for its place.
     static RuntimeError overflow(const QString& details = {});
     /// 9: more rows, classes or offerings than a list can hold.
@@ -32,6 +36,7 @@ private:
     int m_number;
     QString m_words;
     QString m_details;
+    QString m_hint;
 };
 
 } // namespace kolibri

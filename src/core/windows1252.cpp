@@ -26,6 +26,10 @@ std::optional<QByteArray> toWindows1252(QStringView text) {
     bytes.reserve(text.size());
     for (const QChar c : text) {
         const char16_t code = c.unicode();
+        if (code < kFirstSpecial) {
+            bytes += static_cast<char>(code);
+            continue;
+        }
         const auto special = std::find(kSpecial.begin(), kSpecial.end(), code);
         if (special != kSpecial.end())
             bytes += static_cast<char>(kFirstSpecial + (special - kSpecial.begin()));

@@ -12,7 +12,8 @@ StoreError::StoreError(Kind kind, const QString& words, const QString& table, co
       m_engineWords(engineWords) {}
 
 QString StoreError::message() const {
-    return m_purpose.isEmpty() ? m_words : m_purpose + u": "_s + m_words;
+    const QString words = m_purpose.isEmpty() ? m_words : m_purpose + u": "_s + m_words;
+    return m_hint.isEmpty() ? words : words + u"\n\n"_s + m_hint;
 }
 
 QString StoreError::details() const {

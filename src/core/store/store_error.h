@@ -35,6 +35,8 @@ public:
     /// What the operation was about ("Schülerliste laden"); set once by the innermost DbSession that knows
     /// it.
     void setPurpose(const QString& purpose);
+    /// A further paragraph for the box, such as where the state before the operation is kept.
+    void setHint(const QString& hint) { m_hint = hint; }
 
 private:
     Kind m_kind;
@@ -42,6 +44,7 @@ private:
     QString m_table;
     QString m_engineWords;
     QString m_purpose;
+    QString m_hint;
 };
 
 } // namespace kolibri
