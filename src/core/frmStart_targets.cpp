@@ -6,7 +6,9 @@
 #include "core/reports_entry.h"
 #include "core/settings_file.h"
 #include "core/startup.h"
+#include "maintenance/backup.h"
 #include "maintenance/new_database.h"
+#include "maintenance/restore.h"
 #include "maintenance/sample_school.h"
 
 #include <QGuiApplication>
@@ -80,6 +82,8 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"BerichtMitFrage"_s, report},
         {u"Belegung"_s, occupancy},
         {u"Info"_s, info},
+        {u"Datensicherung"_s, [](QWidget*, const MenuTask&) { DatensicherungErstellen(); }},
+        {u"DatenWiederherstellen"_s, [](QWidget*, const MenuTask&) { DatenWiederherstellen(); }},
         {u"NeueDatenbank"_s, newDatabase},
         {u"Beispielschule"_s, sampleSchool},
         {QString(), [](QWidget*, const MenuTask&) { notYetThere(); }},
