@@ -41,9 +41,7 @@ std::optional<QByteArray> toWindows1252(QStringView text) {
     return bytes;
 }
 
-QString fromTextFile(const QByteArray& bytes) {
-    if (bytes.startsWith(kUtf8Mark))
-        return QString::fromUtf8(bytes.sliced(kUtf8Mark.size()));
+QString fromWindows1252(QByteArrayView bytes) {
     QString text;
     text.reserve(bytes.size());
     for (const char c : bytes) {
@@ -52,6 +50,11 @@ QString fromTextFile(const QByteArray& bytes) {
             isSpecialByte(byte) ? QChar(kSpecial[byte - kFirstSpecial]) : QChar(static_cast<ushort>(byte));
     }
     return text;
+}
+
+QString fromTextFile(const QByteArray& bytes) {
+    return bytes.startsWith(kUtf8Mark) ? QString::fromUtf8(bytes.sliced(kUtf8Mark.size()))
+                                       : fromWindows1252(bytes);
 }
 
 QByteArray toTextFile(QStringView text) {
