@@ -5,11 +5,10 @@ using namespace Qt::StringLiterals;
 namespace kolibri {
 
 RuntimeError::RuntimeError(int number, const QString& words, const QString& details)
-    : std::runtime_error(words.toStdString()), m_number(number), m_words(words), m_details(details) {}
+    : OfficeError(words.toStdString()), m_number(number), m_words(words), m_details(details) {}
 
 QString RuntimeError::message() const {
-    const QString words = u"Laufzeitfehler '%1': %2"_s.arg(m_number).arg(m_words);
-    return m_hint.isEmpty() ? words : words + u"\n\n"_s + m_hint;
+    return u"Laufzeitfehler '%1': %2"_s.arg(m_number).arg(m_words);
 }
 
 RuntimeError RuntimeError::invalidCall(const QString& details) {

@@ -1,23 +1,19 @@
 #pragma once
 
-#include <QString>
-
-#include <stdexcept>
+#include "core/store/office_error.h"
 
 namespace kolibri {
 
 /// A bound of the program is reached. It ends the operation and is shown with the number and the words that
 /// the office knows from the program's earlier versions.
-class RuntimeError : public std::runtime_error {
+class RuntimeError : public OfficeError {
 public:
     RuntimeError(int number, const QString& words, const QString& details = {});
 
     int number() const { return m_number; }
     /// "Laufzeitfehler '9': Index außerhalb des gültigen Bereichs"
-    QString message() const;
-    QString details() const { return m_details; }
-    /// A further paragraph for the box, such as where the state before the operation is kept.
-    void setHint(const QString& hint) { m_hint = hint; }
+    QString message() const override;
+    QString details() const override { return m_details; }
 
     /// 5: a piece is to be cut from a text that is too short for it.
     static RuntimeError invalidCall(const QString& details = {});
@@ -36,7 +32,6 @@ private:
     int m_number;
     QString m_words;
     QString m_details;
-    QString m_hint;
 };
 
 } // namespace kolibri

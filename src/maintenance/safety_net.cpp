@@ -1,8 +1,8 @@
 #include "maintenance/safety_net.h"
 
 #include "core/doors.h"
-#include "core/runtime_error.h"
 #include "core/store/connection.h"
+#include "core/store/office_error.h"
 #include "core/store/safety_copy.h"
 
 #include <QDir>
@@ -24,18 +24,14 @@ void commitWhatIsDone(Transaction& transaction) {
 
 void withSafetyCopy(Connection& conn, const std::function<void()>& work) {
     const QString copy = makeSafetyCopy(conn, doors().clock->now());
-    const QString hint = u"Der Stand vor diesem Vorgang liegt in der Sicherheitskopie %1."_s.arg(
+    const QString note = u"Der Stand vor diesem Vorgang liegt in der Sicherheitskopie %1."_s.arg(
         QDir::toNativeSeparators(copy));
     Transaction transaction(conn);
     try {
         work();
-    } catch (StoreError& error) {
+    } catch (OfficeError& error) {
         commitWhatIsDone(transaction);
-        error.setHint(hint);
-        throw;
-    } catch (RuntimeError& error) {
-        commitWhatIsDone(transaction);
-        error.setHint(hint);
+        error.addNote(note);
         throw;
     }
     transaction.Commit();

@@ -309,7 +309,8 @@ private Q_SLOTS:
             DatenWiederherstellen();
             QFAIL("no error");
         } catch (const StoreError& error) {
-            QVERIFY2(error.message().contains(copy), qPrintable(error.message()));
+            QCOMPARE(error.note(),
+                     u"Der Stand vor diesem Vorgang liegt in der Sicherheitskopie %1."_s.arg(copy));
         }
         const auto after = test::wholeDatabase();
         QCOMPARE(column(u"SCH_Notiz"_s, u"Notiz"_s), QStringList{u"neu"_s});

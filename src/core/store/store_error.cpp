@@ -5,15 +5,14 @@ using namespace Qt::StringLiterals;
 namespace kolibri {
 
 StoreError::StoreError(Kind kind, const QString& words, const QString& table, const QString& engineWords)
-    : std::runtime_error(words.toStdString()),
+    : OfficeError(words.toStdString()),
       m_kind(kind),
       m_words(words),
       m_table(table),
       m_engineWords(engineWords) {}
 
 QString StoreError::message() const {
-    const QString words = m_purpose.isEmpty() ? m_words : m_purpose + u": "_s + m_words;
-    return m_hint.isEmpty() ? words : words + u"\n\n"_s + m_hint;
+    return m_purpose.isEmpty() ? m_words : m_purpose + u": "_s + m_words;
 }
 
 QString StoreError::details() const {
