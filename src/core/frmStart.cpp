@@ -147,7 +147,7 @@ int runProgram(const QString& programFolder) {
     int result = EXIT_FAILURE;
     try {
         qCDebug(startLog, "Start");
-        const StartState state = startUp(programFolder);
+        const StartState state = startUp(programFolder, startSteps());
         qCDebug(startLog, "Datenbank gelesen");
         auto& window = Form<frmStart>();
         window.setState(state);

@@ -8,6 +8,8 @@
 #include "core/settings_file.h"
 #include "core/startup.h"
 #include "maintenance/backup.h"
+#include "maintenance/jet_takeover.h"
+#include "maintenance/mdlVers111.h"
 #include "maintenance/new_database.h"
 #include "maintenance/restore.h"
 #include "maintenance/sample_school.h"
@@ -79,6 +81,12 @@ void sampleSchool(QWidget*, const MenuTask&) {
 
 } // namespace
 
+StartSteps startSteps() {
+    return {.beforeOpening = [](const QString& file) {
+        return offerTakeover(file, {.protocolFolder = baseFolder()});
+    }};
+}
+
 const std::map<QString, MenuTarget>& menuTargets() {
     static const std::map<QString, MenuTarget> targets{
         {u"Beenden"_s, [](QWidget* window, const MenuTask&) { window->close(); }},
@@ -87,6 +95,7 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"Info"_s, info},
         {u"Datensicherung"_s, [](QWidget*, const MenuTask&) { DatensicherungErstellen(); }},
         {u"DatenWiederherstellen"_s, [](QWidget*, const MenuTask&) { DatenWiederherstellen(); }},
+        {u"DatenbankAktualisieren"_s, [](QWidget*, const MenuTask&) { DatenbankAktualisieren(); }},
         {u"NeueDatenbank"_s, newDatabase},
         {u"Beispielschule"_s, sampleSchool},
         {QString(), [](QWidget*, const MenuTask&) { notYetThere(); }},
