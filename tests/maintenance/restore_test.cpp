@@ -24,7 +24,9 @@ const QString kDone = u"Datenwiederherstellung wurde durchgeführt!"_s;
 void restore(const QString& text) {
     const DbSession session(u"Daten wiederherstellen"_s);
     Progress progress({}, text.size());
+    Transaction transaction(Global().Conn);
     restoreText(Global().Conn, text, progress);
+    transaction.Commit();
 }
 
 /// Number of the run-time error that the restore of a text ends in; 0 when it gets through.
