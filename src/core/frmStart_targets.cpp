@@ -13,6 +13,7 @@
 #include "maintenance/new_database.h"
 #include "maintenance/restore.h"
 #include "maintenance/sample_school.h"
+#include "maintenance/school_year.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -95,6 +96,7 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"Info"_s, info},
         {u"Datensicherung"_s, [](QWidget*, const MenuTask&) { DatensicherungErstellen(); }},
         {u"DatenWiederherstellen"_s, [](QWidget*, const MenuTask&) { DatenWiederherstellen(); }},
+        {u"WechselSchuljahr"_s, [](QWidget*, const MenuTask&) { WechselSchuljahr(); }},
         {u"DatenbankAktualisieren"_s, [](QWidget*, const MenuTask&) { DatenbankAktualisieren(); }},
         {u"NeueDatenbank"_s, newDatabase},
         {u"Beispielschule"_s, sampleSchool},
