@@ -10,16 +10,16 @@ namespace {
 enum CacheColumn { kID = 0, kNeu = 17, kNichtOG = 18 };
 
 std::vector<ListenSpalte> makeColumns() {
-    using enum SpaltenSortierung;
-    std::vector<ListenSpalte> columns{{u"ID"_s, Zahl},
+    using enum SortKind;
+    std::vector<ListenSpalte> columns{{u"ID"_s, Number},
                                       {u"Schüler NN"_s, Text},
                                       {u"Schüler VN"_s, Text},
-                                      {u"Geb. Datum"_s, Datum},
+                                      {u"Geb. Datum"_s, Date},
                                       {u"KL"_s, Text},
                                       {u"GV NN"_s, Text},
                                       {u"GV VN"_s, Text},
                                       {u"Straße"_s, Text},
-                                      {u"PLZ"_s, Zahl},
+                                      {u"PLZ"_s, Number},
                                       {u"Ort"_s, Text},
                                       {u"Tel. Privat"_s, Text},
                                       {u"Tel.dienst.Mutter"_s, Text},
@@ -28,11 +28,11 @@ std::vector<ListenSpalte> makeColumns() {
                                       {u"Handy Vater"_s, Text},
                                       {u"Mitgl.Beitr. €"_s, Text},
                                       {u"Betr.Beitr. €"_s, Text},
-                                      {u"Neu"_s, Keine},
-                                      {u"NichtOG"_s, Keine}};
+                                      {u"Neu"_s, None},
+                                      {u"NichtOG"_s, None}};
     // The third slot came to the list later, and its headings have never sorted.
     const std::vector<ListenSpalte> groups{
-        {u"ME"_s, Text}, {u"LZ"_s, Text}, {u"1.AG"_s, Text}, {u"2.AG"_s, Text}, {u"3.AG"_s, Keine}};
+        {u"ME"_s, Text}, {u"LZ"_s, Text}, {u"1.AG"_s, Text}, {u"2.AG"_s, Text}, {u"3.AG"_s, None}};
     for (const auto& [kopf, sortierung] : groups)
         for (int tag = 0; tag < kSchoolDays; ++tag)
             columns.push_back({kopf + u'-' + TagCode(tag), sortierung});

@@ -1,15 +1,15 @@
 #pragma once
 
+#include "core/sort_text.h"
 #include "students/student_cache.h"
 
 namespace kolibri {
 
-/// How a click on the heading of a column sorts the list.
-enum class SpaltenSortierung { Keine = -1, Text = 0, Zahl = 1, Datum = 2 };
 /// A column of the pupil list.
 struct ListenSpalte {
     QString kopf;
-    SpaltenSortierung sortierung;
+    /// How a click on its heading sorts the list.
+    SortKind sortierung;
 };
 /// The 44 columns, in the order of the cache.
 const std::vector<ListenSpalte>& SchuelerListenSpalten();

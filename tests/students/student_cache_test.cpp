@@ -194,11 +194,11 @@ private Q_SLOTS:
     }
 
     void whatAHeadingSorts() {
-        using enum SpaltenSortierung;
-        const QMap<QString, SpaltenSortierung> expected{
-            {u"ID"_s, Zahl},         {u"PLZ"_s, Zahl},      {u"Geb. Datum"_s, Datum},    {u"Neu"_s, Keine},
-            {u"NichtOG"_s, Keine},   {u"3.AG-MO"_s, Keine}, {u"3.AG-FR"_s, Keine},       {u"2.AG-DI"_s, Text},
-            {u"Schüler NN"_s, Text}, {u"ME-MO"_s, Text},    {u"Mitgl.Beitr. €"_s, Text}, {u"KL"_s, Text}};
+        using enum SortKind;
+        const QMap<QString, SortKind> expected{
+            {u"ID"_s, Number},       {u"PLZ"_s, Number},   {u"Geb. Datum"_s, Date},     {u"Neu"_s, None},
+            {u"NichtOG"_s, None},    {u"3.AG-MO"_s, None}, {u"3.AG-FR"_s, None},        {u"2.AG-DI"_s, Text},
+            {u"Schüler NN"_s, Text}, {u"ME-MO"_s, Text},   {u"Mitgl.Beitr. €"_s, Text}, {u"KL"_s, Text}};
         int seen = 0;
         for (const auto& [kopf, sortierung] : SchuelerListenSpalten()) {
             if (!expected.contains(kopf))
