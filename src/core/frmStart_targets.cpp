@@ -1,5 +1,11 @@
 #include "core/frmStart_targets.h"
 
+#include "calendar/frmBaustein.h"
+#include "calendar/frmKlassenNeuLoeschen.h"
+#include "calendar/frmME_LZ_AG.h"
+#include "calendar/frmStundenplan.h"
+#include "calendar/frmUnterrichtseinheiten.h"
+#include "calendar/frmUnterrichtszeiten.h"
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
 #include "core/menu_table.h"
@@ -7,6 +13,7 @@
 #include "core/reports_entry.h"
 #include "core/settings_file.h"
 #include "core/startup.h"
+#include "core/widgets/forms.h"
 #include "maintenance/new_database.h"
 #include "maintenance/sample_school.h"
 
@@ -75,6 +82,15 @@ void sampleSchool(QWidget*, const MenuTask&) {
     makeDatabase([](const QString& folder) { createSampleSchool(folder, {}); });
 }
 
+/// Opens a form in the mode of the menu entry.
+template <class T> void open(QWidget* window, const MenuTask& task) {
+    T& form = Form<T>();
+    form.Tag = task.mode;
+    if (!task.caption.isEmpty())
+        form.setWindowTitle(task.caption);
+    form.ShowOver(window);
+}
+
 } // namespace
 
 const std::map<QString, MenuTarget>& menuTargets() {
@@ -85,6 +101,12 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"Info"_s, info},
         {u"NeueDatenbank"_s, newDatabase},
         {u"Beispielschule"_s, sampleSchool},
+        {u"frmBaustein"_s, open<frmBaustein>},
+        {u"frmKlassenNeuLöschen"_s, open<frmKlassenNeuLöschen>},
+        {u"frmME_LZ_AG"_s, open<frmME_LZ_AG>},
+        {u"frmStundenplan"_s, open<frmStundenplan>},
+        {u"frmUnterrichtseinheiten"_s, open<frmUnterrichtseinheiten>},
+        {u"frmUnterrichtszeiten"_s, open<frmUnterrichtszeiten>},
         {QString(), [](QWidget*, const MenuTask&) { notYetThere(); }},
     };
     return targets;

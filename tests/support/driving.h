@@ -107,6 +107,16 @@ inline QStringList columnOf(const QString& table, const QString& column) {
     return values;
 }
 
+/// Names of the tables whose rows differ between two states of the database.
+inline QStringList changedTables(const QMap<QString, QStringList>& before,
+                                 const QMap<QString, QStringList>& after) {
+    QStringList names;
+    for (auto table = after.begin(); table != after.end(); ++table)
+        if (before.value(table.key()) != table.value())
+            names << table.key();
+    return names;
+}
+
 /// All rows of a table as texts.
 inline QStringList rowsOf(const QString& table) {
     return wholeDatabase().value(table);
