@@ -1,7 +1,10 @@
 // The command line tool beside the program: makes databases without opening a window.
 
 #include "core/mdlAllgemein.h"
+#include "core/platform/places.h"
 #include "core/store/connection.h"
+#include "maintenance/jet_process.h"
+#include "maintenance/jet_takeover.h"
 #include "maintenance/new_database.h"
 #include "maintenance/sample_school.h"
 
@@ -34,7 +37,8 @@ struct Request {
     QStringList places;
     const QCommandLineParser& options;
 
-    QString folder(int place) const { return QDir(places.at(place)).absolutePath(); }
+    /// A file or folder, absolute.
+    QString path(int place) const { return QDir(places.at(place)).absolutePath(); }
     /// A whole number given with an option.
     qint64 number(const QString& option, qint64 least, qint64 most) const {
         bool ok = false;
@@ -54,8 +58,9 @@ struct Verb {
     QStringList places;
     /// Options that it knows, by name.
     QStringList options;
+    /// What the help says; empty for a verb that programs use among themselves.
     QString purpose;
-    /// Does it and tells what was made. @throws WrongUsage, StoreError
+    /// Does it and tells what was made. @throws WrongUsage, OfficeError
     QString (*run)(const Request& request);
 };
 
@@ -64,7 +69,7 @@ QString shown(const QString& file) {
 }
 
 QString makeNew(const Request& request) {
-    return u"Leere Datenbank angelegt: %1"_s.arg(shown(createDatabase(request.folder(0))));
+    return u"Leere Datenbank angelegt: %1"_s.arg(shown(createDatabase(request.path(0))));
 }
 
 /// Pupils, classes and offerings of a database as it stands in the file.
@@ -85,8 +90,22 @@ QString makeSample(const Request& request) {
     SampleSchoolOptions options;
     options.pupils = static_cast<int>(request.number(kPupils, kFewestSamplePupils, kMostSamplePupils));
     options.seed = static_cast<quint32>(request.number(kSeed, 0, std::numeric_limits<quint32>::max()));
-    const QString file = createSampleSchool(request.folder(0), options);
+    const QString file = createSampleSchool(request.path(0), options);
     return u"Beispielschule angelegt: %1\n%2"_s.arg(shown(file), contentOf(file));
+}
+
+QString takeOverFile(const Request& request) {
+    const QString folder = request.path(1);
+    // Where the program has never been set up, the protocol of a repair goes beside the database.
+    const QString base = baseFolder();
+    const QString file =
+        takeOver(request.path(0), folder, {.protocolFolder = QDir(base).exists() ? base : folder});
+    return u"Datenbank übernommen: %1\n%2"_s.arg(shown(file), contentOf(file));
+}
+
+QString readJet(const Request& request) {
+    serveJetReading(request.path(0), request.path(1));
+    return {};
 }
 
 const std::vector<Verb>& verbs() {
@@ -96,7 +115,13 @@ const std::vector<Verb>& verbs() {
          {u"ORDNER"_s},
          {kPupils, kSeed},
          u"legt eine Datenbank mit einer erfundenen Schule an"_s,
-         makeSample}};
+         makeSample},
+        {u"uebernehmen"_s,
+         {u"DATEI"_s, u"ORDNER"_s},
+         {},
+         u"übernimmt die Datenbank einer älteren Programmversion"_s,
+         takeOverFile},
+        {kReadJetVerb, {u"DATEI"_s, u"NEUE_DATEI"_s}, {}, {}, readJet}};
     return table;
 }
 
@@ -120,8 +145,10 @@ QString usageOf(const QCommandLineOption& option) {
 
 QString helpText() {
     const auto known = options();
-    QString text = u"Aufruf: kolibri-db BEFEHL ORDNER [Optionen]\n\nBefehle:\n"_s;
+    QString text = u"Aufruf: kolibri-db BEFEHL [DATEI] ORDNER [Optionen]\n\nBefehle:\n"_s;
     for (const auto& verb : verbs()) {
+        if (verb.purpose.isEmpty())
+            continue;
         text += u"  "_s + verb.name + u' ' + verb.places.join(u' ');
         for (const auto& option : known)
             if (verb.options.contains(option.names().first()))
@@ -190,7 +217,7 @@ int main(int argc, char** argv) {
     } catch (const WrongUsage& error) {
         err << error.words << "\n\n" << helpText() << Qt::flush;
         return kWrongUsage;
-    } catch (const StoreError& error) {
+    } catch (const OfficeError& error) {
         err << error.message() << Qt::endl;
         if (!error.details().isEmpty())
             err << error.details() << Qt::endl;

@@ -34,7 +34,7 @@ Run runTool(const QStringList& arguments, const QString& folder = {}) {
     return run;
 }
 
-const QString kUsage = u"Aufruf: kolibri-db BEFEHL ORDNER [Optionen]"_s;
+const QString kUsage = u"Aufruf: kolibri-db BEFEHL [DATEI] ORDNER [Optionen]"_s;
 
 } // namespace
 

@@ -51,6 +51,16 @@ public:
     virtual QDateTime now() const = 0;
 };
 
+/// Shows how far long work has come: the wait cursor at once, a window after half a second.
+class ProgressDoor {
+public:
+    virtual ~ProgressDoor() = default;
+    /// Long work of so many steps begins; `text` says what it is.
+    virtual void begin(const QString& text, int steps) = 0;
+    virtual void step(int done) = 0;
+    virtual void end() = 0;
+};
+
 /// How a sheet of paper lies; the numbers are those of a printer's settings.
 enum class PaperOrientation : quint8 { Upright = 1, Across = 2 };
 
@@ -89,6 +99,7 @@ struct Doors {
     std::unique_ptr<InputDoor> input;
     std::unique_ptr<FileDoor> files;
     std::unique_ptr<ClockDoor> clock;
+    std::unique_ptr<ProgressDoor> progress;
     std::unique_ptr<PrinterDoor> printer = std::make_unique<A4Paper>();
 };
 

@@ -2,6 +2,7 @@
 
 #include "core/error_report.h"
 #include "core/frmStart.h"
+#include "core/frmStart_targets.h"
 #include "core/widgets/forms.h"
 
 #include <QCoreApplication>
@@ -12,7 +13,7 @@ int runProgram(const QString& programFolder) {
     int result = EXIT_FAILURE;
     try {
         qCDebug(startLog, "Start");
-        const StartState state = startUp(programFolder);
+        const StartState state = startUp(programFolder, startSteps());
         qCDebug(startLog, "Datenbank gelesen");
         auto& window = Form<frmStart>();
         window.setState(state);

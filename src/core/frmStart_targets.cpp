@@ -1,5 +1,11 @@
 #include "core/frmStart_targets.h"
 
+#include "calendar/frmBaustein.h"
+#include "calendar/frmKlassenNeuLoeschen.h"
+#include "calendar/frmME_LZ_AG.h"
+#include "calendar/frmStundenplan.h"
+#include "calendar/frmUnterrichtseinheiten.h"
+#include "calendar/frmUnterrichtszeiten.h"
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
 #include "core/menu_table.h"
@@ -7,8 +13,14 @@
 #include "core/reports_entry.h"
 #include "core/settings_file.h"
 #include "core/startup.h"
+#include "core/widgets/forms.h"
+#include "maintenance/backup.h"
+#include "maintenance/jet_takeover.h"
+#include "maintenance/mdlVers111.h"
 #include "maintenance/new_database.h"
+#include "maintenance/restore.h"
 #include "maintenance/sample_school.h"
+#include "maintenance/school_year.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -75,7 +87,27 @@ void sampleSchool(QWidget*, const MenuTask&) {
     makeDatabase([](const QString& folder) { createSampleSchool(folder, {}); });
 }
 
+/// Runs an action that needs no form.
+template <void (*action)()> void command(QWidget*, const MenuTask&) {
+    action();
+}
+
+/// Opens a form in the mode of the menu entry.
+template <class T> void open(QWidget* window, const MenuTask& task) {
+    T& form = Form<T>();
+    form.Tag = task.mode;
+    if (!task.caption.isEmpty())
+        form.setWindowTitle(task.caption);
+    form.ShowOver(window);
+}
+
 } // namespace
+
+StartSteps startSteps() {
+    return {.beforeOpening = [](const QString& file) {
+        return offerTakeover(file, {.protocolFolder = baseFolder()});
+    }};
+}
 
 const std::map<QString, MenuTarget>& menuTargets() {
     static const std::map<QString, MenuTarget> targets{
@@ -83,8 +115,18 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"BerichtMitFrage"_s, report},
         {u"Belegung"_s, occupancy},
         {u"Info"_s, info},
+        {u"Datensicherung"_s, command<DatensicherungErstellen>},
+        {u"DatenWiederherstellen"_s, command<DatenWiederherstellen>},
+        {u"WechselSchuljahr"_s, command<WechselSchuljahr>},
+        {u"DatenbankAktualisieren"_s, command<DatenbankAktualisieren>},
         {u"NeueDatenbank"_s, newDatabase},
         {u"Beispielschule"_s, sampleSchool},
+        {u"frmBaustein"_s, open<frmBaustein>},
+        {u"frmKlassenNeuLöschen"_s, open<frmKlassenNeuLöschen>},
+        {u"frmME_LZ_AG"_s, open<frmME_LZ_AG>},
+        {u"frmStundenplan"_s, open<frmStundenplan>},
+        {u"frmUnterrichtseinheiten"_s, open<frmUnterrichtseinheiten>},
+        {u"frmUnterrichtszeiten"_s, open<frmUnterrichtszeiten>},
         {QString(), [](QWidget*, const MenuTask&) { notYetThere(); }},
     };
     return targets;

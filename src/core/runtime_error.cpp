@@ -11,6 +11,10 @@ QString RuntimeError::message() const {
     return u"Laufzeitfehler '%1': %2"_s.arg(m_number).arg(m_words);
 }
 
+RuntimeError RuntimeError::invalidCall(const QString& details) {
+    return {5, u"Ungültiger Prozeduraufruf oder ungültiges Argument"_s, details};
+}
+
 RuntimeError RuntimeError::overflow(const QString& details) {
     return {6, u"Überlauf"_s, details};
 }

@@ -15,6 +15,8 @@ public:
     QString message() const override;
     QString details() const override { return m_details; }
 
+    /// 5: a piece is to be cut from a text that is too short for it.
+    static RuntimeError invalidCall(const QString& details = {});
     /// 6: a number is too large for its place.
     static RuntimeError overflow(const QString& details = {});
     /// 9: more rows, classes or offerings than a list can hold.

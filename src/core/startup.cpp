@@ -110,7 +110,7 @@ void readOverlapSwitch() {
 
 } // namespace
 
-StartState startUp(const QString& programFolder) {
+StartState startUp(const QString& programFolder, const StartSteps& steps) {
     constexpr int kPlain = 0;
     auto& global = Global();
     global.StartLaeuft = true;
@@ -124,6 +124,8 @@ StartState startUp(const QString& programFolder) {
             kPlain);
         return StartState::WithoutDatabase;
     }
+    if (steps.beforeOpening && !steps.beforeOpening(DatenbankDatei(global.DB_Pfad)))
+        return StartState::WithoutDatabase;
     {
         const DbSession session(u"Programmstart"_s);
         checkIsSchoolDatabase();

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace kolibri {
 
 /// How the program stands after its start.
@@ -10,11 +12,18 @@ enum class StartState {
     WithoutDatabase ///< only settings and help; the path must be corrected and the program started anew
 };
 
+/// Steps of the start that belong to other parts of the program.
+struct StartSteps {
+    /// Looks at the database file before it is opened. False when it is none that can be opened, which the
+    /// user knows by then.
+    std::function<bool(const QString& file)> beforeOpening;
+};
+
 /// The start of the program up to the first moment in which the user can do something: settings file,
 /// database, settings kept in memory. `programFolder` is the folder of the executable, in which an older copy
 /// of the settings file may lie.
 /// @throws RuntimeError, StoreError for everything but a missing database
-StartState startUp(const QString& programFolder);
+StartState startUp(const QString& programFolder, const StartSteps& steps = {});
 
 /// "Version   1.2.0"
 QString versionLine();

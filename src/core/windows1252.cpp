@@ -26,6 +26,10 @@ std::optional<QByteArray> toWindows1252(QStringView text) {
     bytes.reserve(text.size());
     for (const QChar c : text) {
         const char16_t code = c.unicode();
+        if (code < kFirstSpecial) {
+            bytes += static_cast<char>(code);
+            continue;
+        }
         const auto special = std::find(kSpecial.begin(), kSpecial.end(), code);
         if (special != kSpecial.end())
             bytes += static_cast<char>(kFirstSpecial + (special - kSpecial.begin()));
@@ -37,9 +41,7 @@ std::optional<QByteArray> toWindows1252(QStringView text) {
     return bytes;
 }
 
-QString fromTextFile(const QByteArray& bytes) {
-    if (bytes.startsWith(kUtf8Mark))
-        return QString::fromUtf8(bytes.sliced(kUtf8Mark.size()));
+QString fromWindows1252(QByteArrayView bytes) {
     QString text;
     text.reserve(bytes.size());
     for (const char c : bytes) {
@@ -48,6 +50,11 @@ QString fromTextFile(const QByteArray& bytes) {
             isSpecialByte(byte) ? QChar(kSpecial[byte - kFirstSpecial]) : QChar(static_cast<ushort>(byte));
     }
     return text;
+}
+
+QString fromTextFile(const QByteArray& bytes) {
+    return bytes.startsWith(kUtf8Mark) ? QString::fromUtf8(bytes.sliced(kUtf8Mark.size()))
+                                       : fromWindows1252(bytes);
 }
 
 QByteArray toTextFile(QStringView text) {

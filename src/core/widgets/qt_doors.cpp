@@ -4,9 +4,11 @@
 #include "core/mdlAllgemein.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QProgressDialog>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -132,6 +134,38 @@ private:
     }
 };
 
+/// Work that is over in a moment must not make a window flash up.
+class QtProgress final : public ProgressDoor {
+public:
+    void begin(const QString& text, int steps) override {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        m_dialog = std::make_unique<QProgressDialog>(text, QString(), 0, steps, QApplication::activeWindow());
+        m_dialog->setObjectName(u"Fortschritt"_s);
+        m_dialog->setWindowTitle(kProgramTitle);
+        m_dialog->setWindowModality(Qt::ApplicationModal);
+        m_dialog->setAutoClose(false);
+        m_dialog->setAutoReset(false);
+        m_dialog->setMinimumDuration(std::numeric_limits<int>::max());
+        m_running.start();
+    }
+
+    void step(int done) override {
+        constexpr int kShownAfter = 500;
+        if (m_dialog->isHidden() && m_running.elapsed() >= kShownAfter)
+            m_dialog->show();
+        m_dialog->setValue(done);
+    }
+
+    void end() override {
+        m_dialog.reset();
+        QApplication::restoreOverrideCursor();
+    }
+
+private:
+    std::unique_ptr<QProgressDialog> m_dialog;
+    QElapsedTimer m_running;
+};
+
 } // namespace
 
 void openQtDoors() {
@@ -139,6 +173,7 @@ void openQtDoors() {
     doors().input = std::make_unique<QtInput>();
     doors().files = std::make_unique<QtFiles>();
     doors().clock = std::make_unique<SystemClock>();
+    doors().progress = std::make_unique<QtProgress>();
 }
 
 } // namespace kolibri
