@@ -21,6 +21,7 @@
 #include "maintenance/restore.h"
 #include "maintenance/sample_school.h"
 #include "maintenance/school_year.h"
+#include "maintenance/upgrade.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -104,9 +105,10 @@ template <class T> void open(QWidget* window, const MenuTask& task) {
 } // namespace
 
 StartSteps startSteps() {
-    return {.beforeOpening = [](const QString& file) {
-        return offerTakeover(file, {.protocolFolder = baseFolder()});
-    }};
+    return {.beforeOpening =
+                [](const QString& file) { return offerTakeover(file, {.protocolFolder = baseFolder()}); },
+            .bringUpToDate = bringUpToDate,
+            .finishUpgrade = fillNewSlots};
 }
 
 const std::map<QString, MenuTarget>& menuTargets() {

@@ -129,13 +129,20 @@ StartState startUp(const QString& programFolder, const StartSteps& steps) {
     {
         const DbSession session(u"Programmstart"_s);
         checkIsSchoolDatabase();
-        readAddress();
+    }
+    if (steps.bringUpToDate)
+        steps.bringUpToDate();
+    readAddress();
+    {
+        const DbSession session(u"Programmstart"_s);
         KlassenListenLaden();
         readAdditionalFields();
         readContactLabels();
         readNameFormats();
         readOverlapSwitch();
     }
+    if (steps.finishUpgrade)
+        steps.finishUpgrade();
     global.StartLaeuft = false;
     return StartState::Ready;
 }

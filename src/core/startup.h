@@ -16,7 +16,11 @@ enum class StartState {
 struct StartSteps {
     /// Looks at the database file before it is opened. False when it is none that can be opened, which the
     /// user knows by then.
-    std::function<bool(const QString& file)> beforeOpening;
+    std::function<bool(const QString& file)> beforeOpening = {};
+    /// Brings the file up to the current shape, before anything else touches its data.
+    std::function<void()> bringUpToDate = {};
+    /// What remains to be done for an old file once everything is read.
+    std::function<void()> finishUpgrade = {};
 };
 
 /// The start of the program up to the first moment in which the user can do something: settings file,

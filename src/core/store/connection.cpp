@@ -282,6 +282,16 @@ void Connection::AddColumn(const QString& table, const ColumnInfo& column) {
             + m_engine.declaration(column.kind));
 }
 
+void Connection::ChangeColumn(const QString& table, const ColumnInfo& column) {
+    RequireOpen(table);
+    // Statements prepared for the old table would keep it locked.
+    m_prepared.clear();
+    Transaction transaction(*this);
+    Explained([&] { m_engine.changeColumn(m_database, table, column); });
+    ForgetCatalogue();
+    transaction.Commit();
+}
+
 void Connection::CopyTo(const QString& target) {
     RequireOpen({});
     Explained([&] { m_engine.copyTo(m_database, target); });

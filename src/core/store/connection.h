@@ -72,6 +72,8 @@ public:
     bool HasColumn(const QString& table, const QString& column);
     void CreateTable(const QString& table, const std::vector<ColumnInfo>& columns);
     void AddColumn(const QString& table, const ColumnInfo& column);
+    /// Gives an existing column another kind and brings its values along, all or nothing.
+    void ChangeColumn(const QString& table, const ColumnInfo& column);
 
     /// Copies the open file as it stands into a new one. @throws StoreError when it cannot be written
     void CopyTo(const QString& target);

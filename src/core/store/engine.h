@@ -42,6 +42,9 @@ public:
     virtual QStringList tables(QSqlDatabase& database) const = 0;
     /// Columns of a table, in their order; empty when there is no such table.
     virtual std::vector<ColumnInfo> columns(QSqlDatabase& database, const QString& table) const = 0;
+    /// Gives a column another kind and brings its values along, all or nothing.
+    virtual void changeColumn(QSqlDatabase& database, const QString& table,
+                              const ColumnInfo& column) const = 0;
     /// How a column of this kind is declared.
     virtual QString declaration(ColumnKind kind) const = 0;
     /// Kinds of the columns of a running query; no value for a computed column.

@@ -222,6 +222,29 @@ public:
         return result;
     }
 
+    /// The engine knows no change of a column's type: the table is made anew under another name and takes the
+    /// old one's rows, keys and name.
+    void changeColumn(QSqlDatabase& database, const QString& table, const ColumnInfo& column) const override {
+        const QString copy = table + u"_neu"_s;
+        QStringList declared;
+        QStringList names;
+        for (const auto& each : columns(database, table)) {
+            const bool changed = each.name.compare(column.name, Qt::CaseInsensitive) == 0;
+            names << quoted(each.name);
+            declared << names.last() + u' ' + declaration(changed ? column.kind : each.kind);
+        }
+        const QString list = names.join(u", "_s);
+        for (const QString& statement :
+             {u"CREATE TABLE %1 (%2)"_s.arg(quoted(copy), declared.join(u", "_s)),
+              u"INSERT INTO %1 (%2) SELECT %2 FROM %3"_s.arg(quoted(copy), list, quoted(table)),
+              u"UPDATE sqlite_sequence SET seq = (SELECT old.seq FROM sqlite_sequence AS old WHERE old.name "
+              u"= "
+              "'%1') WHERE name = '%2'"_s.arg(table, copy),
+              u"DROP TABLE "_s + quoted(table),
+              u"ALTER TABLE %1 RENAME TO %2"_s.arg(quoted(copy), quoted(table))})
+            run(handleOf(database), statement.toUtf8().constData());
+    }
+
     QString declaration(ColumnKind kind) const override {
         const auto found = std::find_if(std::begin(kDeclarations), std::end(kDeclarations),
                                         [kind](const Declaration& each) { return each.kind == kind; });
