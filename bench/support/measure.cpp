@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace kolibri::bench {
 
-double medianMilliseconds(int rounds, const std::function<void()>& work) {
+Timing timed(int rounds, const std::function<void()>& work) {
     std::vector<double> times;
     for (int round = 0; round < rounds; ++round) {
         QElapsedTimer timer;
@@ -17,17 +17,17 @@ double medianMilliseconds(int rounds, const std::function<void()>& work) {
         work();
         times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
     }
-    const auto middle = times.begin() + rounds / 2;
-    std::nth_element(times.begin(), middle, times.end());
-    return *middle;
+    std::sort(times.begin(), times.end());
+    return {times.at(times.size() / 2), times.front()};
 }
 
 QString figure(double number, int digits) {
     return QString::number(number, 'f', digits);
 }
 
-QString growth(double smaller, double larger, double smallerRows, double largerRows) {
-    return u"%1x for %2x rows"_s.arg(figure(larger / smaller, 1), figure(largerRows / smallerRows, 1));
+QString growth(double smaller, double larger, int fewerPupils, int morePupils) {
+    return u"%1x for %2x pupils"_s.arg(figure(larger / smaller, 1),
+                                       figure(static_cast<double>(morePupils) / fewerPupils, 1));
 }
 
 Table::Table(const QString& title, const QStringList& columns) : m_title(title), m_rows{columns} {}

@@ -2,6 +2,7 @@
 
 #include "core/store/engine.h"
 
+#include <QScopeGuard>
 #include <QSqlError>
 #include <QSqlRecord>
 
@@ -34,18 +35,6 @@ bool changesOnlyRows(const QString& statement) {
 /// some.
 QVariant bindable(const QVariant& value) {
     return value.typeId() == QMetaType::QString && value.toString().isNull() ? QVariant(u""_s) : value;
-}
-
-/// SQLite has no type of its own for true and false, and hands a sum of money without cents out as a whole
-/// number.
-QVariant asKind(QVariant raw, std::optional<ColumnKind> kind) {
-    if (raw.isNull())
-        return {};
-    if (kind == ColumnKind::Boolean)
-        return raw.toBool();
-    if (kind == ColumnKind::Currency)
-        return raw.toDouble();
-    return raw;
 }
 
 } // namespace
@@ -115,15 +104,9 @@ Recordset Connection::Open(const QString& select, const QVariantList& values) {
         prepared.kinds = m_engine.resultKinds(query);
     }
     Recordset::Content content{prepared.fields, {}, 0, m_purpose};
-    while (query.next()) {
-        ++content.rows;
-        for (int i = 0; i < prepared.fields->count(); ++i)
-            content.cells.append(asKind(query.value(i), prepared.kinds[static_cast<std::size_t>(i)]));
-    }
-    const QSqlError error = query.lastError();
-    query.finish();
-    if (error.isValid())
-        Fail(m_engine.explain(error, {}));
+    // A statement that is not finished holds its lock, and the other workstations wait.
+    const auto finish = qScopeGuard([&] { query.finish(); });
+    Explained([&] { content.rows = m_engine.readRows(query, prepared.kinds, content.cells); });
     Recordset result;
     result.m_content = std::make_shared<const Recordset::Content>(std::move(content));
     return result;
@@ -204,7 +187,6 @@ Connection::Written Connection::Write(const QString& statement, const QVariantLi
                                       const QString& table) {
     QSqlQuery& query = Run(statement, values, table).query;
     const Written written{query.numRowsAffected(), query.lastInsertId().toLongLong()};
-    // A statement that is not finished holds its lock, and the other workstations wait.
     query.finish();
     return written;
 }

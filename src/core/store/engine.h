@@ -4,6 +4,7 @@
 #include "core/store/store_error.h"
 
 #include <QStringList>
+#include <QVariantList>
 
 #include <optional>
 #include <vector>
@@ -49,6 +50,10 @@ public:
     virtual QString declaration(ColumnKind kind) const = 0;
     /// Kinds of the columns of a running query; no value for a computed column.
     virtual std::vector<std::optional<ColumnKind>> resultKinds(const QSqlQuery& query) const = 0;
+    /// Reads every row of a query that has just been executed, each cell by the kind of its column, and
+    /// appends the cells row by row. Returns the number of rows.
+    virtual int readRows(QSqlQuery& query, const std::vector<std::optional<ColumnKind>>& kinds,
+                         QVariantList& cells) const = 0;
 
     /// The engine's error in the office's words.
     virtual StoreError explain(const QSqlError& error, const QString& table) const = 0;
