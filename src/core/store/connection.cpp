@@ -20,6 +20,14 @@ QString whereClause(const QString& condition) {
     return condition.isEmpty() ? QString() : u" WHERE "_s + condition;
 }
 
+/// A text without content is the empty text, whichever way it came about; the driver would write a null for
+/// some.
+QVariant bindable(const QVariant& value) {
+    if (value.typeId() == QMetaType::QString && value.toString().isEmpty())
+        return u""_s;
+    return value;
+}
+
 /// SQLite has no type of its own for true and false, and hands a sum of money without cents out as a whole
 /// number.
 QVariant asKind(const QVariant& raw, std::optional<ColumnKind> kind) {
@@ -199,7 +207,7 @@ QSqlQuery& Connection::Run(const QString& statement, const QVariantList& values,
     }
     QSqlQuery& query = found->second;
     for (int i = 0; i < values.size(); ++i)
-        query.bindValue(i, values.at(i));
+        query.bindValue(i, bindable(values.at(i)));
     if (!query.exec()) {
         const StoreError error = m_engine.explain(query.lastError(), table);
         m_prepared.erase(found);
