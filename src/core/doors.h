@@ -51,12 +51,45 @@ public:
     virtual QDateTime now() const = 0;
 };
 
+/// How a sheet of paper lies; the numbers are those of a printer's settings.
+enum class PaperOrientation : quint8 { Upright = 1, Across = 2 };
+
+/// Measures of a printed sheet as it lies, in points (1/72 inch).
+struct PaperMeasures {
+    double physicalWidth = 0;
+    /// The strip at the left that the printer cannot reach.
+    double leftOffset = 0;
+    double printableWidth = 0;
+};
+
+/// The default printer, as far as a page on the screen asks for it.
+class PrinterDoor {
+public:
+    virtual ~PrinterDoor() = default;
+    virtual void setOrientation(PaperOrientation orientation) = 0;
+    virtual PaperOrientation orientation() const = 0;
+    /// Measures in the present orientation; those of A4 when there is no printer.
+    virtual PaperMeasures measures() const = 0;
+};
+
+/// A sheet of A4 with a narrow margin, in the place of a printer where the machine has none.
+class A4Paper : public PrinterDoor {
+public:
+    void setOrientation(PaperOrientation orientation) override { m_orientation = orientation; }
+    PaperOrientation orientation() const override { return m_orientation; }
+    PaperMeasures measures() const override;
+
+private:
+    PaperOrientation m_orientation = PaperOrientation::Upright;
+};
+
 /// What reaches outside the program. The real doors are put in at start; a test puts in its own.
 struct Doors {
     std::unique_ptr<MessageDoor> messages;
     std::unique_ptr<InputDoor> input;
     std::unique_ptr<FileDoor> files;
     std::unique_ptr<ClockDoor> clock;
+    std::unique_ptr<PrinterDoor> printer = std::make_unique<A4Paper>();
 };
 
 /// The doors in use.

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -48,6 +49,11 @@ QDate germanDate(const QString& text) {
         year += year < kFirstYearOfLastCentury ? 2000 : 1900;
     constexpr int kFirstYear = 100;
     return year < kFirstYear ? QDate() : QDate(year, match.captured(2).toInt(), match.captured(1).toInt());
+}
+
+std::vector<std::function<void()>>& resetHooks() {
+    static std::vector<std::function<void()>> hooks;
+    return hooks;
 }
 
 QStringList distinctValues(const QString& column) {
@@ -105,6 +111,12 @@ void ModiZuruecksetzen() {
         *flag = false;
     global.ListenArt = 0;
     global.ListenUnterArt = 0;
+    for (const auto& reset : resetHooks())
+        reset();
+}
+
+ResetHook::ResetHook(std::function<void()> reset) {
+    resetHooks().push_back(std::move(reset));
 }
 
 QString TagCode(int index) {

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace kolibri {
 
 /// Name of the database file in the folder DB_Pfad.
@@ -40,6 +42,11 @@ void MsgBoxZeigen();
 
 /// Takes back every mode of the forms and the chosen list, before a form is opened in a new mode.
 void ModiZuruecksetzen();
+/// Adds to ModiZuruecksetzen what another part of the program takes back; made once, as a constant of a file.
+class ResetHook {
+public:
+    explicit ResetHook(std::function<void()> reset);
+};
 
 /// Weekday code of a day number: 0 "MO" to 4 "FR"; empty for any other number.
 QString TagCode(int index);

@@ -3,6 +3,7 @@
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
 #include "core/widgets/forms.h"
+#include "lists/list_state.h"
 #include "maintenance/new_database.h"
 #include "maintenance/sample_school.h"
 
@@ -104,6 +105,22 @@ private:
     RecordedDoors& m_record;
 };
 
+class TestPrinter final : public A4Paper {
+public:
+    explicit TestPrinter(RecordedDoors& record) : m_record(record) {}
+
+    void setOrientation(PaperOrientation orientation) override {
+        m_record.m_orientations.push_back(orientation);
+        A4Paper::setOrientation(orientation);
+    }
+    PaperMeasures measures() const override {
+        return m_record.m_paper ? *m_record.m_paper : A4Paper::measures();
+    }
+
+private:
+    RecordedDoors& m_record;
+};
+
 void RecordedDoors::expect(const QString& text, MessageAnswer answer) {
     m_expected.push_back({text, true, answer});
 }
@@ -124,6 +141,7 @@ void RecordedDoors::install() {
     doors().input = std::make_unique<TestInput>(*this);
     doors().files = std::make_unique<TestFiles>(*this);
     doors().clock = std::make_unique<TestClock>(*this);
+    doors().printer = std::make_unique<TestPrinter>(*this);
 }
 
 TestBase::TestBase() {
@@ -150,6 +168,7 @@ void TestBase::init() {
     QVERIFY(QDir(home()).mkdir(u"ProgramData"_s));
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, scratch());
     GlobalNeu();
+    ListeNeu();
     Global().DB_Pfad = home();
     doorsOfTest = {};
     doorsOfTest.install();

@@ -9,6 +9,7 @@
 
 #include <deque>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace kolibri::test {
@@ -25,11 +26,15 @@ public:
     void answerInput(const QString& text) { m_inputs.push_back(text); }
     void answerPath(const QString& path) { m_paths.push_back(path); }
     void setNow(const QDateTime& now) { m_now = now; }
+    /// The default printer has this paper, however it lies; without it the sheet is A4.
+    void setPaper(const PaperMeasures& paper) { m_paper = paper; }
 
     /// Every box shown since the test began, in order.
     const std::vector<MessageBox>& boxes() const { return m_boxes; }
     /// Titles of the input, file and folder dialogs asked for.
     const QStringList& dialogs() const { return m_dialogs; }
+    /// Orientations that the printer was told, in order.
+    const std::vector<PaperOrientation>& orientations() const { return m_orientations; }
     /// What was expected and did not happen, and what happened unexpectedly; empty when all went as
     /// announced.
     QStringList complaints() const;
@@ -42,6 +47,7 @@ private:
     friend class TestInput;
     friend class TestFiles;
     friend class TestClock;
+    friend class TestPrinter;
 
     struct Expectation {
         QString text;
@@ -55,6 +61,8 @@ private:
     std::deque<QString> m_paths;
     QStringList m_dialogs;
     QStringList m_unexpected;
+    std::optional<PaperMeasures> m_paper;
+    std::vector<PaperOrientation> m_orientations;
     QDateTime m_now = QDateTime(QDate(2026, 11, 20), QTime(9, 30));
 };
 

@@ -1,0 +1,56 @@
+#include "lists/list_table.h"
+
+#include "core/doors.h"
+#include "core/mdlGlobal.h"
+#include "core/runtime_error.h"
+#include "lists/class_times_list.h"
+#include "lists/list_columns.h"
+#include "lists/list_numbers.h"
+#include "lists/list_state.h"
+#include "lists/master_data_sheet.h"
+#include "lists/module_list.h"
+#include "lists/pupil_list_gather.h"
+#include "lists/pupil_list_write.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kolibri {
+
+const std::vector<ListEntry>& listTable() {
+    using enum ListMoment;
+    constexpr bool kClearsOptions = true;
+    static const std::vector<ListEntry> table{
+        {kUnterrichtszeiten, BeforeWindow, Unterrichtszeiten_Sammeln, Schuelerliste_Schreiben},
+        {kStammdatenBlatt, BeforeWindow, StammdatenBlatt_Sammeln, StammdatenBlatt_Schreiben},
+        {kBausteine, BeforeWindow, Bausteine_Sammeln, Bausteine_Schreiben},
+        {kSchulanfaenger, BeforeWindow, Schulanfaenger_Sammeln, Schuelerliste_Schreiben},
+        {kNamensliste, BeforeWindow, Namensliste_Sammeln, Schuelerliste_Schreiben},
+        {kNeueSchueler, BeforeWindow, NeueSchueler_Sammeln, Schuelerliste_Schreiben, kClearsOptions},
+        {kNichtOgSchueler, BeforeWindow, NichtOgSchueler_Sammeln, Schuelerliste_Schreiben, kClearsOptions},
+        {kErweiterteListe, BeforeWindow, Namensliste_Sammeln, Schuelerliste_Schreiben},
+    };
+    return table;
+}
+
+const ListEntry& findList(quint8 listenArt) {
+    for (const auto& entry : listTable())
+        if (entry.listenArt == listenArt)
+            return entry;
+    throw RuntimeError(5, u"Ungültiger Prozeduraufruf oder ungültiges Argument"_s,
+                       u"Eine Liste mit der Nummer %1 gibt es nicht."_s.arg(listenArt));
+}
+
+void prepareList(quint8 listenArt) {
+    const ListEntry& entry = findList(listenArt);
+    auto& liste = Liste();
+    Global().ListenArt = listenArt;
+    liste.ListenDatum = doors().clock->now().date();
+    liste.BeitragSummen.fill(0);
+    if (entry.clearsOptions)
+        liste.Dialog.clearCheckBoxes();
+    defineColumns();
+    if (entry.moment != ListMoment::InPage)
+        entry.gather();
+}
+
+} // namespace kolibri

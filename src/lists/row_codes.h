@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+namespace kolibri {
+
+/// What a row of a list is. The codes are texts, and one that is no number tells the writer to skip the row.
+inline const QString kCodeDaten = QStringLiteral("1");
+/// Goes on with the pupil above.
+inline const QString kCodeFortsetzung = QStringLiteral("2");
+/// Contact rows of a pupil who has several: the first, those between, the last.
+inline const QString kCodeKontaktErster = QStringLiteral("111");
+inline const QString kCodeKontaktMitte = QStringLiteral("113");
+inline const QString kCodeKontaktLetzter = QStringLiteral("112");
+
+/// True for a code that a writer acts on.
+inline bool isRowCode(const QString& code) {
+    bool isNumber = false;
+    code.toInt(&isNumber);
+    return isNumber;
+}
+
+} // namespace kolibri
