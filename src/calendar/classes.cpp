@@ -14,21 +14,6 @@ bool classExists(const QString& klasse) {
     return Global().Conn.Open(u"SELECT Klasse FROM Klassen WHERE Klasse = ?"_s, {klasse}).RecordCount() > 0;
 }
 
-void addClass(const QString& klasse) {
-    auto& conn = Global().Conn;
-    const ClassParts parts = splitClass(klasse);
-    Transaction transaction(conn);
-    for (int day = 0; day < kSchoolDays; ++day)
-        conn.AddNew(u"Klassen"_s)
-            .Set(u"Klasse"_s, klasse)
-            .Set(u"Tag"_s, TagCode(day))
-            .Set(u"Tag_Zahl"_s, day)
-            .Set(u"Schulstufe"_s, parts.Schulstufe)
-            .Set(u"KlassenNR"_s, parts.KlassenNR)
-            .Update();
-    transaction.Commit();
-}
-
 /// Why the class cannot go; empty when it can. Only the first pupil decides, but all are counted, deactivated
 /// ones too: this is how the office has always been warned.
 QString pupilsInTheWay(const QString& klasse) {
@@ -37,34 +22,14 @@ QString pupilsInTheWay(const QString& klasse) {
     const int count = rs.RecordCount();
     if (count == 0 || !rs.Bool(u"aktiv"))
         return {};
-    if (count == 1)
-        return u"In dieser Klasse ist noch %1 Schüler vorhanden. Sie müssen vorher diesen Schüler löschen "
-               u"oder "
-               "dessen Klasse ändern!"_s.arg(count);
-    return u"In dieser Klasse sind noch %1 Schüler vorhanden. Sie müssen vorher diese Schüler löschen oder "
-           "deren Klasse ändern!"_s.arg(count);
+    const QString one =
+        u"In dieser Klasse ist noch %1 Schüler vorhanden. Sie müssen vorher diesen Schüler löschen oder dessen Klasse ändern!"_s;
+    const QString several =
+        u"In dieser Klasse sind noch %1 Schüler vorhanden. Sie müssen vorher diese Schüler löschen oder deren Klasse ändern!"_s;
+    return (count == 1 ? one : several).arg(count);
 }
 
 } // namespace
-
-ClassParts splitClass(const QString& klasse) {
-    if (klasse.size() != 2 && klasse.size() != 3)
-        return {u""_s, u""_s};
-    return {klasse.chopped(1), klasse.right(1)};
-}
-
-void Klasse_Neu(QString& klasse) {
-    if (klasse.isEmpty()) {
-        MsgBox(u"Das Feld 'Klasse' darf nicht leer sein."_s);
-    } else if (classExists(klasse)) {
-        MsgBox(u"Klasse "_s + klasse + u" ist bereits vorhanden!"_s);
-    } else {
-        addClass(klasse);
-        MsgBox(u"Die Klasse "_s + klasse + u" wurde erstellt!"_s);
-    }
-    klasse.clear();
-    KlassenListenLaden();
-}
 
 bool Klasse_Löschen(QString& klasse) {
     if (const QString reason = pupilsInTheWay(klasse); !reason.isEmpty()) {

@@ -1,6 +1,7 @@
 #include "calendar/frmKlassenNeuLoeschen.h"
 
 #include "calendar/classes.h"
+#include "core/klasse_neu.h"
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
 #include "core/widgets/entry_box.h"
