@@ -1,4 +1,4 @@
-#include "core/frmStart.h"
+#include "core/frmStart_run.h"
 #include "core/widgets/application.h"
 #include "core/widgets/qt_doors.h"
 

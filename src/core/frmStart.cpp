@@ -1,11 +1,9 @@
 #include "core/frmStart.h"
 
-#include "core/error_report.h"
 #include "core/frmStart_targets.h"
 #include "core/frmStart_view.h"
 #include "core/mdlAllgemein.h"
 #include "core/menu_table.h"
-#include "core/widgets/forms.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -141,23 +139,6 @@ void frmStart::closeEvent(QCloseEvent* event) {
     event->accept();
     // Not quit(), which asks every window first and gives up when one refuses.
     QCoreApplication::exit(EXIT_SUCCESS);
-}
-
-int runProgram(const QString& programFolder) {
-    int result = EXIT_FAILURE;
-    try {
-        qCDebug(startLog, "Start");
-        const StartState state = startUp(programFolder);
-        qCDebug(startLog, "Datenbank gelesen");
-        auto& window = Form<frmStart>();
-        window.setState(state);
-        window.show();
-        result = QCoreApplication::exec();
-    } catch (...) {
-        reportError(std::current_exception());
-    }
-    unloadForms();
-    return result;
 }
 
 } // namespace kolibri

@@ -2,13 +2,19 @@
 
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
+#include "core/rich_text.h"
 #include "lists/list_columns.h"
 #include "lists/list_state.h"
 #include "lists/page_body.h"
+#include "lists/page_geometry.h"
 #include "lists/page_writer.h"
 #include "lists/program_picture.h"
 #include "lists/pupil_fields.h"
 #include "lists/row_codes.h"
+
+#include <algorithm>
+#include <array>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +28,8 @@ const QString kCodeTag = u"53"_s;
 
 /// Day, Mensa, Lernzeit and the working groups stand side by side.
 constexpr int kWeekColumns = 4;
+/// Two working groups fit side by side, so that a full week still leaves the sheet on one page.
+constexpr std::array<int, kWeekColumns> kWeekWeights{2, 5, 5, 10};
 constexpr int kMaxSheetRows = 99;
 constexpr int kFirstGroup = 3;
 constexpr int kLastGroup = 7;
@@ -76,15 +84,33 @@ void addContact(const Recordset& pupil, int person) {
         addRow(kCodeKontakt, {contactLines()[i].label, texts[i]});
 }
 
+/// The remark, which the pupil form keeps as rich text; one from before that is on the sheet as it stands.
+QString remark(const Recordset& pupil) {
+    const QString stored = pupil.Text(u"Anmerkung");
+    return isRtf(stored) ? toHtml(readRtf(stored)) : stored;
+}
+
+/// The working groups of a day from morning to evening, two in a line.
+QString groupsOfDay(const Recordset& pupil, const QString& day) {
+    QStringList groups;
+    for (int slot = kFirstGroup; slot <= kLastGroup; ++slot)
+        groups << pupil.Text(u"GR%1_%2"_s.arg(slot).arg(day));
+    groups.removeAll(QString());
+    groups.sort(); // the texts begin with their times
+    QString text;
+    for (qsizetype i = 0; i < groups.size(); ++i) {
+        if (i > 0)
+            text += i % 2 == 0 ? u"<br />"_s : u", "_s;
+        text += groups.at(i);
+    }
+    return text;
+}
+
 void addWeek(const Recordset& pupil) {
     for (int day = 0; day < kSchoolDays; ++day) {
         const QString code = TagCode(day);
-        QStringList groups;
-        for (int slot = kFirstGroup; slot <= kLastGroup; ++slot)
-            groups << pupil.Text(u"GR%1_%2"_s.arg(slot).arg(code));
-        groups.removeAll(QString());
         addRow(kCodeTag,
-               {code, pupil.Text(u"GR1_"_s + code), pupil.Text(u"GR2_"_s + code), groups.join(u"<br />"_s)});
+               {code, pupil.Text(u"GR1_"_s + code), pupil.Text(u"GR2_"_s + code), groupsOfDay(pupil, code)});
     }
 }
 
@@ -99,7 +125,7 @@ void addPupil(const Recordset& pupil) {
     for (int person = 1; person <= kContactPersons; ++person)
         addContact(pupil, person);
     addRow(kCodeDaten, {u"Notfall Rufnummer"_s, pupil.Text(u"NotfallRN")});
-    addRow(kCodeDaten, {u"Anmerkung"_s, pupil.Text(u"Anmerkung")});
+    addRow(kCodeDaten, {u"Anmerkung"_s, remark(pupil)});
     addWeek(pupil);
 }
 
@@ -131,25 +157,28 @@ void writeMasterRows(PageWriter& page) {
     endTable(page);
 }
 
-void writeWeekRow(PageWriter& page, QStringView rowClass, const QStringList& cells) {
-    beginRow(page, rowClass);
-    for (const auto& cell : cells)
-        page.line({u"<TD align='center'>", cell, u"</TD>"});
+void writeWeekRow(PageWriter& page, int row, int widthUnit) {
+    beginRow(page, u"ME_LZ_AG_Daten1");
+    for (int column = 1; column <= kWeekColumns; ++column) {
+        const int width = kWeekWeights[static_cast<std::size_t>(column - 1)] * widthUnit;
+        page.line({u"<TD WIDTH=", QString::number(width), u"pt ALIGN=center>", Liste().Daten(column, row),
+                   u"</TD>"});
+    }
     endRow(page);
 }
 
 void writeWeek(PageWriter& page) {
     const auto& liste = Liste();
     beginTable(page, u"Tpt");
-    writeWeekRow(page, u"STD_KopfZeile", {u"TAG"_s, u"ME"_s, u"LZ"_s, u"AG"_s});
-    for (int row = 1; row <= liste.ZeilenAnzahl; ++row) {
-        if (liste.ZeilenCode(row) != kCodeTag)
-            continue;
-        QStringList cells;
-        for (int column = 1; column <= kWeekColumns; ++column)
-            cells << liste.Daten(column, row);
-        writeWeekRow(page, u"ME_LZ_AG_Daten1", cells);
-    }
+    beginRow(page, u"STD_KopfZeile");
+    for (const QStringView heading : {u"TAG", u"ME", u"LZ", u"AG"})
+        page.line({u"<TD align='center'>", heading, u"</TD>"});
+    endRow(page);
+    const int weights = std::accumulate(kWeekWeights.begin(), kWeekWeights.end(), 0);
+    const int widthUnit = wholeNumber(static_cast<double>(liste.Seite.TabellenBreite) / weights);
+    for (int row = 1; row <= liste.ZeilenAnzahl; ++row)
+        if (liste.ZeilenCode(row) == kCodeTag)
+            writeWeekRow(page, row, widthUnit);
     endTable(page);
 }
 

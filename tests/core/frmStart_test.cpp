@@ -14,8 +14,6 @@ using namespace kolibri;
 namespace {
 
 const QString kNotYet = u"Dieser Programmteil steht noch nicht zur Verfügung."_s;
-const QString kMissing =
-    u"Datenbank ***KOLIBRI_Daten.mdb*** wurde nicht gefunden. Bitte korrigieren Sie unter EXTRAS -> EINSTELLUNGEN den Datenbankpfad!"_s;
 const QString kStartAnew = u"Zur Übernahme der Daten bitte das Programm neu starten!"_s;
 const QString kFourClasses = u"Es werden nur die Klassen 'A bis D' dargestellt!"_s;
 
@@ -140,25 +138,6 @@ void writeTree(const QList<QAction*>& actions, int depth, QStringList& lines) {
     }
 }
 
-QStringList& unloadLog() {
-    static QStringList lines;
-    return lines;
-}
-
-/// A form of the test's own that says when it goes; the second one fails while it does.
-template <int N> class Passing : public FormWindow {
-public:
-    Passing() : FormWindow(u"frmTest"_s) {}
-    ~Passing() override { unloadLog() << u"gone %1"_s.arg(N); }
-    void Unload() override {
-        unloadLog() << u"unload %1"_s.arg(N);
-        if (N == 2) {
-            OpenDB();
-            throw StoreError(StoreError::Kind::Busy, u"gesperrt"_s);
-        }
-    }
-};
-
 } // namespace
 
 class frmStartTest : public kolibri::test::TestBase {
@@ -187,12 +166,6 @@ private:
         window().setState(state);
         window().show();
         QVERIFY(QTest::qWaitForWindowExposed(&window()));
-    }
-
-    /// Runs the whole program and has `act` happen in its event loop.
-    template <class Act> int run(Act act) {
-        QTimer::singleShot(0, this, act);
-        return runProgram(scratch());
     }
 
     QByteArray fileContent(const QString& name) {
@@ -235,69 +208,6 @@ private Q_SLOTS:
         }
     }
 
-    void aLargeButtonIsPressedByEnterSpaceAndItsLetter() {
-        show(StartState::Ready);
-        window().activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window()));
-        QAction* entry = action(u"mnuTagesplan"_s);
-        disconnect(entry, &QAction::triggered, &window(), nullptr);
-        const QSignalSpy triggered(entry, &QAction::triggered);
-        auto* plan = button(u"Liste_Tagesplan"_s);
-        plan->setFocus();
-        QTest::keyClick(plan, Qt::Key_Return);
-        QCOMPARE(triggered.size(), 1);
-        QTest::keyClick(plan, Qt::Key_Space);
-        QCOMPARE(triggered.size(), 2);
-        QTest::keyClick(&window(), Qt::Key_T, Qt::AltModifier);
-        QTRY_COMPARE(triggered.size(), 3);
-    }
-
-    void tabGoesThroughAllLargeButtonsInTheirOrder() {
-        show(StartState::Ready);
-        window().activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window()));
-        button(u"SchülerNeu"_s)->setFocus();
-        QStringList order;
-        for (std::size_t i = 0; i < largeButtons().size(); ++i) {
-            order << QApplication::focusWidget()->objectName();
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        }
-        QStringList expected;
-        for (const auto& large : largeButtons())
-            expected << large.name;
-        QCOMPARE(order, expected);
-        QCOMPARE(QApplication::focusWidget()->objectName(), u"SchülerNeu"_s);
-    }
-
-    void aButtonTellsItsTipInTheStatusBar() {
-        show(StartState::Ready);
-        QCOMPARE(button(u"Belegug_Mensa"_s)->statusTip(), action(u"mnuBelegungME"_s)->statusTip());
-        QStatusTipEvent tip(button(u"Belegug_Mensa"_s)->statusTip());
-        QCoreApplication::sendEvent(&window(), &tip);
-        QCOMPARE(window().statusBar()->currentMessage(), u"Freie und belegte Plätze der Mensa"_s);
-    }
-
-    void theSchoolStandsInTheHeadAsItIsWritten() {
-        Global().SchuleOrganisation = u"Grundschule <b>Am Bach</b>"_s;
-        Global().SchuleStrasse = u"Bachweg 1"_s;
-        Global().SchulePLZOrt = u"53111 Bonn"_s;
-        show(StartState::Ready);
-        QCOMPARE(text(u"lblOrganisation"_s), u"Grundschule <b>Am Bach</b>"_s);
-        QCOMPARE(window().findChild<QLabel*>(u"lblOrganisation"_s)->textFormat(), Qt::PlainText);
-        QCOMPARE(text(u"lblAnschrift"_s), u"Bachweg 1, 53111 Bonn"_s);
-        QVERIFY(window().findChild<QLabel*>(u"lblAnschrift"_s)->isVisible());
-    }
-
-    void withoutAnAddressTheHeadHasNoEmptyLines() {
-        Global().SchulePLZOrt = u"53111 Bonn"_s;
-        show(StartState::Ready);
-        QVERIFY(!window().findChild<QLabel*>(u"lblOrganisation"_s)->isVisible());
-        QCOMPARE(text(u"lblAnschrift"_s), u"53111 Bonn"_s);
-        Global().SchulePLZOrt.clear();
-        window().setState(StartState::Ready);
-        QVERIFY(!window().findChild<QLabel*>(u"lblAnschrift"_s)->isVisible());
-    }
-
     void everythingWorksWhenReady() {
         show(StartState::Ready);
         for (const auto& name : menusOfADatabase())
@@ -330,15 +240,6 @@ private Q_SLOTS:
         QVERIFY(action(u"mnuInfo"_s)->isEnabled());
         for (const auto& name : {u"mnuNeueDatenbank"_s, u"mnuBeispielschule"_s})
             QVERIFY2(action(name)->isVisible() && action(name)->isEnabled(), qPrintable(name));
-    }
-
-    void withoutDatabaseTheWindowTellsWhereItLooked() {
-        Global().DB_Pfad = u"/srv/schule"_s;
-        show(StartState::WithoutDatabase);
-        QVERIFY(window().findChild<QLabel*>(u"lblOhneDatenbank"_s)->isVisible());
-        QCOMPARE(text(u"lblGesucht"_s),
-                 u"Gesucht wurde: "_s + QDir::toNativeSeparators(u"/srv/schule/KOLIBRI_Daten.mdb"_s));
-        QVERIFY(text(u"lblAbhilfe"_s).contains(u"Extras → Einstellungen"_s));
     }
 
     void anEntryOfALaterPartSaysSoInTheCommonBox() {
@@ -450,112 +351,6 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(settingsFile()));
         QCOMPARE(Global().DB_Pfad, home());
         QVERIFY(!QGuiApplication::overrideCursor());
-    }
-
-    void closingTheWindowEndsTheProgramWithSuccess() {
-        useEmptyDatabase();
-        bool wasVisible = false;
-        const int code = run([&] {
-            wasVisible = window().isVisible();
-            window().close();
-        });
-        QVERIFY(wasVisible);
-        QCOMPARE(code, 0);
-        QVERIFY(!registeredForm(typeid(frmStart)));
-    }
-
-    void beendenEndsTheProgramInTheSameWay() {
-        useEmptyDatabase();
-        QCOMPARE(run([&] { action(u"mnuBeenden"_s)->trigger(); }), 0);
-        QVERIFY(!registeredForm(typeid(frmStart)));
-    }
-
-    void bothUnloadAllFormsOneAfterTheOtherWithErrorsPassedOver() {
-        useEmptyDatabase();
-        for (const bool byMenu : {true, false}) {
-            unloadLog().clear();
-            const int code = run([&] {
-                Form<Passing<1>>();
-                Form<Passing<2>>();
-                byMenu ? action(u"mnuBeenden"_s)->trigger() : static_cast<void>(window().close());
-            });
-            QCOMPARE(code, 0);
-            QCOMPARE(unloadLog(), QStringList({u"unload 2"_s, u"gone 2"_s, u"unload 1"_s, u"gone 1"_s}));
-            QVERIFY(!Global().Conn.IsOpen());
-            QVERIFY(!registeredForm(typeid(Passing<2>)));
-        }
-    }
-
-    void closingEndsTheProgramAlsoWhileAFormStandsOpen() {
-        useEmptyDatabase();
-        QCOMPARE(run([&] {
-                     Form<Passing<1>>().ShowOver(&window());
-                     window().close();
-                 }),
-                 0);
-    }
-
-    void withoutDatabaseTheProgramGoesOnAfterItsBox() {
-        doorsOfTest.expect(kMissing);
-        bool reduced = false;
-        QCOMPARE(run([&] {
-                     reduced =
-                         window().isVisible() && !action(u"mnuDatei"_s)->isEnabled() && Global().StartLaeuft;
-                     window().close();
-                 }),
-                 0);
-        QVERIFY(reduced);
-        QCOMPARE(fileContent(settingsFile()), (u"Datenbankpfad;"_s + home() + u"\r\n"_s).toLatin1());
-    }
-
-    void aMissingBaseFolderEndsTheStartWithARuntimeError() {
-        const QString missing = scratch() + u"/fehlt"_s;
-        qputenv("KOLIBRI_HOME", missing.toLocal8Bit());
-        doorsOfTest.expect(u"Laufzeitfehler '76': Pfad nicht gefunden"_s);
-        QCOMPARE(runProgram(scratch()), 1);
-        QVERIFY(!QFile::exists(missing));
-        QVERIFY(!registeredForm(typeid(frmStart)));
-    }
-
-    void aDatabaseOfAnotherProgramEndsTheStart() {
-        QFile file(DatenbankDatei(home()));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(QByteArray(5000, 'x'));
-        file.close();
-        doorsOfTest.expectBeginning(u"Programmstart: "_s);
-        QCOMPARE(runProgram(scratch()), 1);
-        QCOMPARE(fileContent(file.fileName()), QByteArray(5000, 'x'));
-    }
-
-    void theWindowFitsASmallScreenAtDoubleScaleWithNoTextCut() {
-        // 1366 x 768 dots at 200 percent, less the frame and the desktop's bar.
-        const QSize small(683, 340);
-        Global().SchuleOrganisation = u"Gemeinschaftsgrundschule Am Mühlenbach"_s;
-        for (const auto state : {StartState::Ready, StartState::WithoutDatabase}) {
-            show(state);
-            QVERIFY(window().minimumSizeHint().width() <= small.width());
-            QVERIFY(window().minimumSizeHint().height() <= small.height());
-            window().resize(small);
-            QCoreApplication::processEvents();
-            QVERIFY(!window().findChild<QScrollArea*>()->horizontalScrollBar()->isVisible());
-            for (auto* part : window().centralWidget()->findChildren<QWidget*>()) {
-                const bool words = qobject_cast<QLabel*>(part) || qobject_cast<QPushButton*>(part);
-                if (!words || !part->isVisible())
-                    continue;
-                const int needed = part->hasHeightForWidth() ? part->heightForWidth(part->width())
-                                                             : part->minimumSizeHint().height();
-                QVERIFY2(part->height() >= needed, qPrintable(part->objectName()));
-                QVERIFY2(part->width() >= part->minimumSizeHint().width(), qPrintable(part->objectName()));
-            }
-        }
-    }
-
-    void theWindowOpensNoLargerThanTheScreenAndScrollsOnlyWhenItMust() {
-        show(StartState::Ready);
-        const QRect screen = window().screen()->availableGeometry();
-        QVERIFY(window().width() <= screen.width() && window().height() <= screen.height());
-        QVERIFY(!window().findChild<QScrollArea*>()->verticalScrollBar()->isVisible());
-        QVERIFY(!window().findChild<QScrollArea*>()->horizontalScrollBar()->isVisible());
     }
 };
 

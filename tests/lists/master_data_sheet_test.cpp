@@ -50,8 +50,8 @@ private Q_SLOTS:
                           {u"Anmerkung"_s, u"Nussallergie"_s},
                           {u"GR1_MO"_s, u"12:00 - 12:45 ME1"_s},
                           {u"GR2_MO"_s, u"13:00 - 14:00 LZ1"_s},
-                          {u"GR4_MO"_s, u"14:00 - 15:00 Chor"_s},
-                          {u"GR7_MO"_s, u"15:00 - 16:00 Ball"_s},
+                          {u"GR4_MO"_s, u"15:00 - 16:00 Ball"_s},
+                          {u"GR7_MO"_s, u"14:00 - 15:00 Chor"_s},
                           {u"GR3_FR"_s, u"14:00 - 15:00 Kunst"_s}}}));
         Liste().BlattSchuelerID = 2;
         const QString tick = u"<img src="_s
@@ -82,7 +82,7 @@ private Q_SLOTS:
                                            u"DO | "_s,
                                            u"FR | "_s}));
         QCOMPARE(Liste().Daten(3, 20), u"13:00 - 14:00 LZ1"_s);
-        QCOMPARE(Liste().Daten(4, 20), u"14:00 - 15:00 Chor<br />15:00 - 16:00 Ball"_s);
+        QCOMPARE(Liste().Daten(4, 20), u"14:00 - 15:00 Chor, 15:00 - 16:00 Ball"_s);
         QCOMPARE(Liste().Daten(4, 24), u"14:00 - 15:00 Kunst"_s);
         compareWithExpected(
             [] {
@@ -91,6 +91,21 @@ private Q_SLOTS:
                 return page.sliced(page.indexOf("<BODY>"));
             }(),
             u"master_data_sheet_body.html"_s);
+    }
+
+    void theWorkingGroupsOfADayStandTwoInALine() {
+        useEmptyDatabase();
+        addPupil(u"Berg"_s, u"Ada"_s, u"2a"_s,
+                 {{u"GR3_DI"_s, u"16:00 - 16:45 E"_s},
+                  {u"GR4_DI"_s, u"15:00 - 15:45 D"_s},
+                  {u"GR5_DI"_s, u"07:00 - 07:45 A"_s},
+                  {u"GR6_DI"_s, u"13:00 - 13:45 B"_s},
+                  {u"GR7_DI"_s, u"14:00 - 14:45 C"_s}});
+        Liste().BlattSchuelerID = 1;
+        sheetRows();
+        QCOMPARE(Liste().Daten(4, 11),
+                 u"07:00 - 07:45 A, 13:00 - 13:45 B<br />14:00 - 14:45 C, 15:00 - 15:45 D"
+                 u"<br />16:00 - 16:45 E"_s);
     }
 
     void threeContactsStandOneBelowTheOther() {
@@ -102,6 +117,23 @@ private Q_SLOTS:
         QCOMPARE(rows.indexOf(u"KONTAKT 2 | "_s), 17);
         QCOMPARE(rows.indexOf(u"KONTAKT 3 | "_s), 27);
         QCOMPARE(rows.size(), 44);
+    }
+
+    void theRemarkShowsNoControlWordsOfItsRichText_data() {
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("rich text") << uR"({\rtf1\ansi\ansicpg1252 Keine \b N\'fcsse\b0 !\par Fotos < 3})"_s
+                                   << u"Keine <b>Nüsse</b>!<br />Fotos &lt; 3"_s;
+        QTest::newRow("plain text") << u"Keine Nüsse"_s << u"Keine Nüsse"_s;
+        QTest::newRow("markup of the office's own") << u"Keine <b>Nüsse</b>"_s << u"Keine <b>Nüsse</b>"_s;
+    }
+    void theRemarkShowsNoControlWordsOfItsRichText() {
+        QFETCH(const QString, stored);
+        QFETCH(const QString, expected);
+        useEmptyDatabase();
+        addPupil(u"Berg"_s, u"Ada"_s, u"2a"_s, {{u"Anmerkung"_s, stored}});
+        Liste().BlattSchuelerID = 1;
+        QVERIFY2(sheetRows().contains(u"Anmerkung | "_s + expected), qPrintable(sheetRows().join(u'\n')));
     }
 
     void aPupilThatIsNotThereGivesAnEmptySheet() {

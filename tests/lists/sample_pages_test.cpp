@@ -18,8 +18,8 @@ namespace {
 
 /// Small enough to be read through, large enough for every kind of row.
 constexpr int kPupils = 40;
-/// A pupil with three contact persons, an emergency number and a working group.
-constexpr qint64 kPupilOfTheSheet = 17;
+/// A pupil with two contact persons, a remark in rich text and working groups.
+constexpr qint64 kPupilOfTheSheet = 33;
 
 void chooseNothing(DialogOptions&) {}
 

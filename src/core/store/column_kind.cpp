@@ -2,13 +2,11 @@
 
 #include "core/store/store_error.h"
 
-#include <QLocale>
 #include <QRegularExpression>
 #include <QTime>
 
 #include <cmath>
 #include <limits>
-#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -62,10 +60,10 @@ double roundHalfEven(double number) {
 }
 
 QVariant storedText(const ColumnInfo& column, const QVariant& value, const QString& table) {
-    QString text = value.typeId() == QMetaType::QString ? value.toString() : toGermanText(value);
+    const QString text = value.typeId() == QMetaType::QString ? value.toString() : toGermanText(value);
     if (column.kind == ColumnKind::Text && text.size() > kMaxTextLength)
         refuse(column, value, table, u"höchstens %1 Zeichen"_s.arg(kMaxTextLength));
-    return text;
+    return text.isNull() ? u""_s : text;
 }
 
 QVariant storedLong(const ColumnInfo& column, const QVariant& value, const QString& table) {
@@ -84,7 +82,10 @@ QVariant storedCurrency(const ColumnInfo& column, const QVariant& value, const Q
     const auto number = numberOf(value);
     if (!number || !std::isfinite(*number) || std::abs(*number) > kLargest)
         refuse(column, value, table, u"ein Geldbetrag"_s);
-    return roundHalfEven(*number * kUnits) / kUnits;
+    // A decimal half is seldom exactly one in binary; what is one to the eighth decimal is taken for one.
+    const double units = std::round(*number * kUnits * kUnits) / kUnits;
+    constexpr double kNoNegativeZero = 0.0;
+    return roundHalfEven(units) / kUnits + kNoNegativeZero;
 }
 
 QVariant storedBoolean(const ColumnInfo& column, const QVariant& value, const QString& table) {
@@ -106,15 +107,16 @@ QVariant storedBoolean(const ColumnInfo& column, const QVariant& value, const QS
 }
 
 QVariant storedTime(const ColumnInfo& column, const QVariant& value, const QString& table) {
-    if (value.typeId() == QMetaType::QTime)
+    if (value.typeId() == QMetaType::QTime && value.toTime().isValid())
         return value.toTime().toString(u"hh:mm"_s);
-    static const QRegularExpression form(u"^(\\d{1,2}):(\\d\\d)(?::\\d\\d)?$"_s);
+    // Seconds are taken, since other programs write them, and left out.
+    static const QRegularExpression form(u"^(\\d{1,2}):([0-5]\\d)(?::[0-5]\\d)?$"_s);
     const auto match = form.match(value.toString().trimmed());
     const int hours = match.captured(1).toInt();
     const int minutes = match.captured(2).toInt();
     // "24:00" is how the office writes the end of the day, and it must come back as it was written.
     const bool endOfDay = hours == 24 && minutes == 0;
-    if (!match.hasMatch() || minutes > 59 || (hours > 23 && !endOfDay))
+    if (!match.hasMatch() || (hours > 23 && !endOfDay))
         refuse(column, value, table, u"eine Uhrzeit hh:mm"_s);
     return u"%1:%2"_s.arg(hours, 2, 10, QChar(u'0')).arg(minutes, 2, 10, QChar(u'0'));
 }
@@ -160,13 +162,10 @@ QString toGermanText(const QVariant& stored) {
 }
 
 std::optional<double> germanNumber(QStringView text) {
-    static const QRegularExpression form(u"^[+-]?(\\d+|\\d{1,3}(\\.\\d{3})+)?(,\\d*)?$"_s);
-    const QString plain = text.toString();
-    if (!form.match(plain).hasMatch() || !plain.contains(QRegularExpression(u"\\d"_s)))
+    static const QRegularExpression form(u"^[+-]?(?=,?\\d)(\\d*|\\d{1,3}(\\.\\d{3})+)(,\\d*)?\\z"_s);
+    if (!form.match(text).hasMatch())
         return std::nullopt;
-    bool ok = false;
-    const double number = QString(plain).remove(u'.').replace(u',', u'.').toDouble(&ok);
-    return ok ? std::optional(number) : std::nullopt;
+    return text.toString().remove(u'.').replace(u',', u'.').toDouble();
 }
 
 } // namespace kolibri

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QVariant>
 
+#include <optional>
+
 namespace kolibri {
 
 /// What a column holds. The office's files were first kept by an engine with these kinds, and the rules for
@@ -27,8 +29,8 @@ struct ColumnInfo {
 };
 
 /// The value as the column keeps it: text, qint64, double with at most four decimals, bool, or "hh:mm"; a
-/// null QVariant stays null, but becomes false in a Boolean column. Text is read as an office types it:
-/// "12,50", "1.250,00", "Wahr", "8:05".
+/// QVariant without a value stays null, but becomes false in a Boolean column. A text is never null. Text is
+/// read as an office types it: "12,50", "1.250,00", "Wahr", "8:05".
 /// @throws StoreError (Value) naming column and value when the column does not take it
 QVariant toStored(const ColumnInfo& column, const QVariant& value, const QString& table);
 

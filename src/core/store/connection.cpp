@@ -6,6 +6,7 @@
 #include <QSqlRecord>
 
 #include <algorithm>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -16,48 +17,46 @@ QString quoted(const QString& name) {
     return u'"' + QString(name).replace(u'"', u"\"\""_s) + u'"';
 }
 
+constexpr QLatin1StringView kRowStatements[] = {"INSERT"_L1, "UPDATE"_L1, "DELETE"_L1};
+
 QString whereClause(const QString& condition) {
     return condition.isEmpty() ? QString() : u" WHERE "_s + condition;
+}
+
+/// True for a statement after which tables and columns are what they were.
+bool changesOnlyRows(const QString& statement) {
+    const QString trimmed = statement.trimmed();
+    return std::any_of(std::begin(kRowStatements), std::end(kRowStatements),
+                       [&](QLatin1StringView word) { return trimmed.startsWith(word, Qt::CaseInsensitive); });
 }
 
 /// A text without content is the empty text, whichever way it came about; the driver would write a null for
 /// some.
 QVariant bindable(const QVariant& value) {
-    if (value.typeId() == QMetaType::QString && value.toString().isEmpty())
-        return u""_s;
-    return value;
+    return value.typeId() == QMetaType::QString && value.toString().isNull() ? QVariant(u""_s) : value;
 }
 
 /// SQLite has no type of its own for true and false, and hands a sum of money without cents out as a whole
 /// number.
-QVariant asKind(const QVariant& raw, std::optional<ColumnKind> kind) {
-    if (!kind || raw.isNull())
-        return raw.isNull() ? QVariant() : raw;
-    if (*kind == ColumnKind::Boolean)
+QVariant asKind(QVariant raw, std::optional<ColumnKind> kind) {
+    if (raw.isNull())
+        return {};
+    if (kind == ColumnKind::Boolean)
         return raw.toBool();
-    if (*kind == ColumnKind::Currency)
+    if (kind == ColumnKind::Currency)
         return raw.toDouble();
     return raw;
 }
 
 } // namespace
 
-NewRow& NewRow::Set(const QString& field, const QVariant& value) {
-    m_values.push_back({field, value});
-    return *this;
-}
-
-NewRow& NewRow::SetIfPossible(const QString& field, const QVariant& value) {
+template <typename Work> auto Connection::Explained(const Work& work) const {
     try {
-        toStored(m_connection->FindColumn(m_table, field), value, m_table);
-    } catch (const StoreError&) {
-        return *this;
+        return work();
+    } catch (StoreError& error) {
+        error.setPurpose(m_purpose);
+        throw;
     }
-    return Set(field, value);
-}
-
-qint64 NewRow::Update() {
-    return m_connection->Insert(m_table, m_values);
 }
 
 Connection::Connection() : m_engine(sqliteEngine()) {
@@ -79,8 +78,7 @@ QString Connection::FileName() const {
 void Connection::OpenFile(const QString& file) {
     Close();
     try {
-        m_engine.checkFile(file);
-        Connect(file);
+        m_engine.open(m_database, file, m_busyWait);
     } catch (const StoreError& error) {
         Close();
         Fail(error);
@@ -90,61 +88,59 @@ void Connection::OpenFile(const QString& file) {
 void Connection::CreateFile(const QString& file) {
     Close();
     try {
-        m_engine.createFile(file);
-        Connect(file);
+        m_engine.create(m_database, file, m_busyWait);
     } catch (const StoreError& error) {
         Close();
         Fail(error);
     }
 }
 
-void Connection::Connect(const QString& file) {
-    m_database.setDatabaseName(file);
-    m_database.setConnectOptions(m_engine.connectOptions(m_busyWait));
-    if (!m_database.open())
-        throw m_engine.explain(m_database.lastError(), {});
-    m_engine.prepare(m_database);
-}
-
 void Connection::Close() noexcept {
-    m_prepared.clear();
     ForgetCatalogue();
     m_transactionDepth = 0;
-    m_transactionLost = false;
+    m_transactionFate = Fate::Open;
     m_database.close();
 }
 
 Recordset Connection::Open(const QString& select, const QVariantList& values) {
     RefuseApostrophes(values, {});
-    QSqlQuery& query = Run(select, values, {});
-    auto content = std::make_shared<Recordset::Content>();
-    const QSqlRecord record = query.record();
-    const int fields = record.count();
-    for (int i = 0; i < fields; ++i)
-        content->addField(record.fieldName(i));
-    const auto kinds = m_engine.resultKinds(query);
+    Prepared& prepared = Run(select, values, {});
+    QSqlQuery& query = prepared.query;
+    if (!prepared.fields) {
+        const QSqlRecord record = query.record();
+        std::vector<QString> names;
+        for (int i = 0; i < record.count(); ++i)
+            names.push_back(record.fieldName(i));
+        prepared.fields = std::make_shared<const FieldNames>(std::move(names));
+        prepared.kinds = m_engine.resultKinds(query);
+    }
+    Recordset::Content content{prepared.fields, {}, 0, m_purpose};
     while (query.next()) {
-        ++content->rows;
-        for (int i = 0; i < fields; ++i)
-            content->cells.push_back(asKind(query.value(i), kinds.at(static_cast<std::size_t>(i))));
+        ++content.rows;
+        for (int i = 0; i < prepared.fields->count(); ++i)
+            content.cells.append(asKind(query.value(i), prepared.kinds[static_cast<std::size_t>(i)]));
     }
     const QSqlError error = query.lastError();
     query.finish();
     if (error.isValid())
         Fail(m_engine.explain(error, {}));
     Recordset result;
-    result.m_content = std::move(content);
+    result.m_content = std::make_shared<const Recordset::Content>(std::move(content));
     return result;
 }
 
 int Connection::Change(const QString& table, const FieldValues& values, const QString& condition,
                        const QVariantList& conditionValues) {
-    QStringList names;
-    QVariantList bound = Converted(table, values, names);
+    QStringList settings;
+    QVariantList bound;
+    for (const auto& each : values) {
+        const StoredValue stored = Stored(table, each);
+        settings << Catalogue(table).quotedNames.at(stored.column) + u" = ?"_s;
+        bound << stored.value;
+    }
     bound += conditionValues;
     RefuseApostrophes(bound, table);
-    return Write(u"UPDATE "_s + quoted(table) + u" SET "_s + names.join(u" = ?, "_s) + u" = ?"_s
-                     + whereClause(condition),
+    return Write(u"UPDATE "_s + quoted(table) + u" SET "_s + settings.join(u", "_s) + whereClause(condition),
                  bound, table)
         .rows;
 }
@@ -157,68 +153,56 @@ int Connection::Delete(const QString& table, const QString& condition, const QVa
 int Connection::Execute(const QString& statement, const QVariantList& values) {
     RefuseApostrophes(values, {});
     const int rows = Write(statement, values, {}).rows;
-    ForgetCatalogue();
+    if (!changesOnlyRows(statement))
+        ForgetCatalogue();
     return rows;
 }
 
-qint64 Connection::Insert(const QString& table, const FieldValues& values) {
+qint64 Connection::Insert(const QString& table, const std::map<int, QVariant>& values) {
     QStringList names;
-    const QVariantList bound = Converted(table, values, names);
+    QVariantList bound;
+    for (const auto& [column, value] : values) {
+        names << Catalogue(table).quotedNames.at(column);
+        bound << value;
+    }
     const QString marks = QStringList(names.size(), u"?"_s).join(u", "_s);
-    const QString content = names.isEmpty() ? u"DEFAULT VALUES"_s
-                                            : u"("_s + names.join(u", "_s) + u") VALUES ("_s + marks + u")"_s;
+    const QString content =
+        names.isEmpty() ? u"DEFAULT VALUES"_s : u'(' + names.join(u", "_s) + u") VALUES ("_s + marks + u')';
     return Write(u"INSERT INTO "_s + quoted(table) + u' ' + content, bound, table).key;
 }
 
-QVariantList Connection::Converted(const QString& table, const FieldValues& values, QStringList& names) {
-    QVariantList bound;
-    try {
-        for (const auto& [field, value] : values) {
-            const ColumnInfo column = FindColumn(table, field);
-            names << quoted(column.name);
-            const QVariant stored = toStored(column, value, table);
-            bound << (stored.typeId() == QMetaType::Bool ? QVariant(stored.toBool() ? 1 : 0) : stored);
-        }
-    } catch (const StoreError& error) {
-        Fail(error);
-    }
-    return bound;
-}
-
-ColumnInfo Connection::FindColumn(const QString& table, const QString& field) {
-    for (const auto& column : Columns(table))
-        if (column.name.compare(field, Qt::CaseInsensitive) == 0)
-            return column;
-    Fail(StoreError(StoreError::Kind::Programming,
-                    u"Das Feld \"%1\" gibt es in der Tabelle \"%2\" nicht."_s.arg(field, table), table));
-}
-
-QSqlQuery& Connection::Run(const QString& statement, const QVariantList& values, const QString& table) {
-    if (!IsOpen())
-        Fail(StoreError(StoreError::Kind::Programming, u"Die Datenbank ist nicht geöffnet."_s, table));
+Connection::Prepared& Connection::Run(const QString& statement, const QVariantList& values,
+                                      const QString& table) {
+    RequireOpen(table);
+    if (m_transactionFate == Fate::TakenBack)
+        FailTakenBack();
     ++m_statements;
-    auto found = m_prepared.find(statement);
-    if (found == m_prepared.end()) {
-        QSqlQuery query(m_database);
-        query.setForwardOnly(true);
-        if (!query.prepare(statement))
-            Fail(m_engine.explain(query.lastError(), table));
-        found = m_prepared.emplace(statement, std::move(query)).first;
-    }
-    QSqlQuery& query = found->second;
+    Prepared& prepared = Prepare(statement, values.size(), table);
     for (int i = 0; i < values.size(); ++i)
-        query.bindValue(i, bindable(values.at(i)));
-    if (!query.exec()) {
-        const StoreError error = m_engine.explain(query.lastError(), table);
-        m_prepared.erase(found);
-        Fail(error);
-    }
-    return query;
+        prepared.query.bindValue(i, bindable(values.at(i)));
+    if (prepared.query.exec())
+        return prepared;
+    const StoreError error = m_engine.explain(prepared.query.lastError(), table);
+    m_prepared.erase(statement);
+    if (m_transactionDepth > 0 && !m_engine.inTransaction(m_database))
+        m_transactionFate = Fate::TakenBack;
+    Fail(error);
+}
+
+Connection::Prepared& Connection::Prepare(const QString& statement, qsizetype values, const QString& table) {
+    const auto found = m_prepared.find(statement);
+    if (found != m_prepared.end() && found->second.values == values)
+        return found->second;
+    QSqlQuery query(m_database);
+    query.setForwardOnly(true);
+    if (!query.prepare(statement))
+        Fail(m_engine.explain(query.lastError(), table));
+    return m_prepared.insert_or_assign(statement, Prepared{std::move(query), values}).first->second;
 }
 
 Connection::Written Connection::Write(const QString& statement, const QVariantList& values,
                                       const QString& table) {
-    QSqlQuery& query = Run(statement, values, table);
+    QSqlQuery& query = Run(statement, values, table).query;
     const Written written{query.numRowsAffected(), query.lastInsertId().toLongLong()};
     // A statement that is not finished holds its lock, and the other workstations wait.
     query.finish();
@@ -229,47 +213,60 @@ void Connection::RefuseApostrophes(const QVariantList& values, const QString& ta
     if (m_apostrophesAllowed)
         return;
     for (const auto& value : values) {
-        if (value.typeId() != QMetaType::QString || !value.toString().contains(u'\''))
-            continue;
-        Fail(
-            StoreError(StoreError::Kind::Syntax,
-                       u"Syntaxfehler: Der Text \"%1\" enthält einen Apostroph. Bitte schreiben Sie ihn ohne "
-                       "Apostroph."_s.arg(value.toString().left(60)),
-                       table));
+        constexpr int kShown = 60;
+        if (value.typeId() == QMetaType::QString && value.toString().contains(u'\''))
+            Fail({StoreError::Kind::Syntax,
+                  u"Syntaxfehler: Der Text \"%1\" enthält einen Apostroph. Bitte schreiben Sie ihn ohne "
+                  "Apostroph."_s.arg(value.toString().left(kShown)),
+                  table});
     }
 }
 
 QStringList Connection::Tables() {
-    try {
-        return m_engine.tables(m_database);
-    } catch (const StoreError& error) {
-        Fail(error);
-    }
+    RequireOpen({});
+    return Explained([this] { return m_engine.tables(m_database); });
 }
 
 bool Connection::HasTable(const QString& table) {
-    return !Columns(table).empty();
+    return !Catalogue(table).columns.empty();
 }
 
-const std::vector<ColumnInfo>& Connection::Columns(const QString& table) {
-    const QString key = table.toLower();
-    auto found = m_columns.find(key);
-    if (found == m_columns.end()) {
-        if (!IsOpen())
-            Fail(StoreError(StoreError::Kind::Programming, u"Die Datenbank ist nicht geöffnet."_s, table));
-        try {
-            found = m_columns.insert(key, m_engine.columns(m_database, table));
-        } catch (const StoreError& error) {
-            Fail(error);
-        }
-    }
-    return *found;
+std::vector<ColumnInfo> Connection::Columns(const QString& table) {
+    return Catalogue(table).columns;
 }
 
 bool Connection::HasColumn(const QString& table, const QString& column) {
-    const auto& columns = Columns(table);
-    return std::any_of(columns.begin(), columns.end(), [&](const ColumnInfo& info) {
-        return info.name.compare(column, Qt::CaseInsensitive) == 0;
+    return Catalogue(table).names.indexOf(column) >= 0;
+}
+
+const Connection::Table& Connection::Catalogue(const QString& table) {
+    const auto found = m_tables.find(table);
+    if (found != m_tables.end())
+        return found->second;
+    RequireOpen(table);
+    ++m_statements;
+    Table read;
+    read.columns = Explained([&] { return m_engine.columns(m_database, table); });
+    std::vector<QString> names;
+    for (const auto& column : read.columns) {
+        names.push_back(column.name);
+        read.quotedNames << quoted(column.name);
+    }
+    read.names = FieldNames(std::move(names));
+    return m_tables.emplace(table, std::move(read)).first->second;
+}
+
+Connection::StoredValue Connection::Stored(const QString& table, const FieldValue& written) {
+    const Table& known = Catalogue(table);
+    if (known.columns.empty())
+        Fail({StoreError::Kind::Programming,
+              u"Die Tabelle \"%1\" gibt es in der Datenbank nicht."_s.arg(table), table});
+    const int column = known.names.indexOf(written.field);
+    if (column < 0)
+        Fail({StoreError::Kind::Programming,
+              u"Das Feld \"%1\" gibt es in der Tabelle \"%2\" nicht."_s.arg(written.field, table), table});
+    return Explained([&]() -> StoredValue {
+        return {column, toStored(known.columns.at(static_cast<std::size_t>(column)), written.value, table)};
     });
 }
 
@@ -277,7 +274,7 @@ void Connection::CreateTable(const QString& table, const std::vector<ColumnInfo>
     QStringList parts;
     for (const auto& column : columns)
         parts << quoted(column.name) + u' ' + m_engine.declaration(column.kind);
-    Execute(u"CREATE TABLE "_s + quoted(table) + u" ("_s + parts.join(u", "_s) + u")"_s);
+    Execute(u"CREATE TABLE "_s + quoted(table) + u" ("_s + parts.join(u", "_s) + u')');
 }
 
 void Connection::AddColumn(const QString& table, const ColumnInfo& column) {
@@ -286,19 +283,23 @@ void Connection::AddColumn(const QString& table, const ColumnInfo& column) {
 }
 
 void Connection::CopyTo(const QString& target) {
-    try {
-        m_engine.copyTo(m_database, target);
-    } catch (const StoreError& error) {
-        Fail(error);
-    }
+    RequireOpen({});
+    Explained([&] { m_engine.copyTo(m_database, target); });
 }
 
 QStringList Connection::IntegrityProblems() {
-    return m_engine.integrityProblems(m_database);
+    RequireOpen({});
+    return Explained([this] { return m_engine.integrityProblems(m_database); });
 }
 
 void Connection::ForgetCatalogue() {
-    m_columns.clear();
+    m_tables.clear();
+    m_prepared.clear();
+}
+
+void Connection::RequireOpen(const QString& table) const {
+    if (!IsOpen())
+        Fail({StoreError::Kind::Programming, u"Die Datenbank ist nicht geöffnet."_s, table});
 }
 
 void Connection::Fail(StoreError error) const {
@@ -306,36 +307,9 @@ void Connection::Fail(StoreError error) const {
     throw error;
 }
 
-Transaction::Transaction(Connection& connection) : m_connection(connection) {
-    if (m_connection.m_transactionDepth == 0)
-        m_connection.Write(m_connection.m_engine.beginWriting(), {}, {});
-    ++m_connection.m_transactionDepth;
-}
-
-Transaction::~Transaction() {
-    if (m_done || m_connection.m_transactionDepth == 0)
-        return;
-    m_connection.m_transactionLost = true;
-    if (--m_connection.m_transactionDepth > 0)
-        return;
-    m_connection.m_transactionLost = false;
-    try {
-        m_connection.Write(u"ROLLBACK"_s, {}, {});
-    } catch (const StoreError&) {
-        // The engine has taken the transaction back by itself; closing settles whatever is left of it.
-        m_connection.Close();
-    }
-}
-
-void Transaction::Commit() {
-    if (m_connection.m_transactionDepth == 0 || m_connection.m_transactionLost)
-        m_connection.Fail(
-            StoreError(StoreError::Kind::Programming,
-                       u"Die Änderungen wurden zurückgenommen; es wurde nichts gespeichert."_s));
-    if (m_connection.m_transactionDepth == 1)
-        m_connection.Write(u"COMMIT"_s, {}, {});
-    --m_connection.m_transactionDepth;
-    m_done = true;
+void Connection::FailTakenBack() const {
+    Fail({StoreError::Kind::Programming,
+          u"Die Änderungen wurden zurückgenommen; es wurde nichts gespeichert."_s});
 }
 
 } // namespace kolibri

@@ -1,20 +1,21 @@
 #pragma once
 
 #include "core/store/column_kind.h"
+#include "core/store/new_row.h"
 #include "core/store/recordset.h"
 #include "core/store/store_error.h"
+#include "core/store/transaction.h"
 
-#include <QHash>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QStringList>
 
 #include <map>
+#include <unordered_map>
 #include <vector>
 
 namespace kolibri {
 
-class Connection;
 class Engine;
 
 /// One "column = value" of a write.
@@ -26,25 +27,6 @@ using FieldValues = std::vector<FieldValue>;
 
 /// How long a connection waits for another workstation before it gives up, in milliseconds.
 inline constexpr int kBusyWait = 10'000;
-
-/// A new row of a table, written field by field.
-class NewRow {
-public:
-    /// @throws StoreError (Value) when the column does not take the value
-    NewRow& Set(const QString& field, const QVariant& value);
-    /// Like Set, but a field that the table lacks or a value that the column does not take is passed over.
-    NewRow& SetIfPossible(const QString& field, const QVariant& value);
-    /// Writes the row. Returns its key where the table has an AutoNumber: the written one, else the engine's.
-    qint64 Update();
-
-private:
-    friend class Connection;
-    NewRow(Connection& connection, const QString& table) : m_connection(&connection), m_table(table) {}
-
-    Connection* m_connection;
-    QString m_table;
-    FieldValues m_values;
-};
 
 /// The connection to the database file. Opened for one operation and closed at its end, so that the file lies
 /// closed in its network folder for most of the time.
@@ -78,7 +60,7 @@ public:
                const QVariantList& conditionValues = {});
     /// DELETE FROM table WHERE condition. Returns the rows deleted.
     int Delete(const QString& table, const QString& condition = {}, const QVariantList& conditionValues = {});
-    /// Any other statement. Returns the rows it touched.
+    /// Any other statement. Returns the rows that an INSERT, UPDATE or DELETE touched.
     int Execute(const QString& statement, const QVariantList& values = {});
 
     /// Tables of the open file in the order in which they were made.
@@ -86,7 +68,7 @@ public:
     bool HasTable(const QString& table);
     /// Columns of a table in their order; empty when there is no such table. Names are found without regard
     /// to case.
-    const std::vector<ColumnInfo>& Columns(const QString& table);
+    std::vector<ColumnInfo> Columns(const QString& table);
     bool HasColumn(const QString& table, const QString& column);
     void CreateTable(const QString& table, const std::vector<ColumnInfo>& columns);
     void AddColumn(const QString& table, const ColumnInfo& column);
@@ -98,6 +80,7 @@ public:
 
     /// What the present operation is about; stands in front of every error it meets.
     void SetPurpose(const QString& purpose) { m_purpose = purpose; }
+    const QString& Purpose() const { return m_purpose; }
     /// Lifts the refusal of apostrophes, as the office can in the settings.
     void AllowApostrophes(bool allow) { m_apostrophesAllowed = allow; }
     /// Waits so long (milliseconds) for other workstations, from the next OpenFile on.
@@ -109,48 +92,58 @@ private:
     friend class NewRow;
     friend class Transaction;
 
-    void Connect(const QString& file);
-    qint64 Insert(const QString& table, const FieldValues& values);
-    ColumnInfo FindColumn(const QString& table, const QString& field);
-    QSqlQuery& Run(const QString& statement, const QVariantList& values, const QString& table);
+    struct Table {
+        std::vector<ColumnInfo> columns;
+        FieldNames names;
+        QStringList quotedNames;
+    };
+    /// A value as its column keeps it, with the column's place in the table.
+    struct StoredValue {
+        int column;
+        QVariant value;
+    };
+    /// A statement that has run on this connection; a SELECT with its fields and their kinds.
+    struct Prepared {
+        QSqlQuery query;
+        qsizetype values = 0;
+        std::shared_ptr<const FieldNames> fields = {};
+        std::vector<std::optional<ColumnKind>> kinds = {};
+    };
     /// What a writing statement left: the rows it touched and the key of the row it added.
     struct Written {
         int rows;
         qint64 key;
     };
+    /// What becomes of the running transaction: it can still be committed, an inner one was given up, or the
+    /// engine has taken it back by itself.
+    enum class Fate { Open, GivenUp, TakenBack };
+
+    Prepared& Run(const QString& statement, const QVariantList& values, const QString& table);
+    Prepared& Prepare(const QString& statement, qsizetype values, const QString& table);
     Written Write(const QString& statement, const QVariantList& values, const QString& table);
-    QVariantList Converted(const QString& table, const FieldValues& values, QStringList& names);
-    void RefuseApostrophes(const QVariantList& values, const QString& table) const;
+    qint64 Insert(const QString& table, const std::map<int, QVariant>& values);
+
+    const Table& Catalogue(const QString& table);
+    StoredValue Stored(const QString& table, const FieldValue& written);
     void ForgetCatalogue();
+
+    void RefuseApostrophes(const QVariantList& values, const QString& table) const;
+    void RequireOpen(const QString& table) const;
     [[noreturn]] void Fail(StoreError error) const;
+    [[noreturn]] void FailTakenBack() const;
+    template <typename Work> auto Explained(const Work& work) const;
 
     const Engine& m_engine;
     QSqlDatabase m_database;
     QString m_name;
     QString m_purpose;
-    std::map<QString, QSqlQuery> m_prepared;
-    QHash<QString, std::vector<ColumnInfo>> m_columns;
+    std::unordered_map<QString, Prepared> m_prepared;
+    std::unordered_map<QString, Table, NameHash, SameName> m_tables;
     int m_busyWait = kBusyWait;
     int m_transactionDepth = 0;
-    bool m_transactionLost = false;
+    Fate m_transactionFate = Fate::Open;
     bool m_apostrophesAllowed = false;
     qint64 m_statements = 0;
-};
-
-/// All or nothing: what is written while it lives counts only after `Commit`. A transaction inside another
-/// one takes part in it, and one that is given up takes the outer one with it.
-class Transaction {
-public:
-    explicit Transaction(Connection& connection);
-    ~Transaction();
-    Transaction(const Transaction&) = delete;
-    Transaction& operator=(const Transaction&) = delete;
-
-    void Commit();
-
-private:
-    Connection& m_connection;
-    bool m_done = false;
 };
 
 } // namespace kolibri

@@ -21,16 +21,13 @@ public:
 
     /// Qt's name of the driver.
     virtual QString driver() const = 0;
-    /// Options of the driver for a connection that waits so long (milliseconds) for other workstations.
-    virtual QString connectOptions(int busyWait) const = 0;
 
-    /// Looks at the file without touching it.
-    /// @throws StoreError (Missing, Foreign, Damaged) when it cannot be a database of this engine
-    virtual void checkFile(const QString& file) const = 0;
-    /// Makes an empty database file. @throws StoreError when it exists already or cannot be written
-    virtual void createFile(const QString& file) const = 0;
-    /// Gives a newly opened connection the German sort order and the engine's safe settings.
-    virtual void prepare(QSqlDatabase& database) const = 0;
+    /// Opens an existing database with the German sort order and the engine's safe settings. While other
+    /// workstations hold it, every statement waits up to `busyWait` milliseconds.
+    /// @throws StoreError when it is missing or cannot be a database of this engine; it is untouched then
+    virtual void open(QSqlDatabase& database, const QString& file, int busyWait) const = 0;
+    /// Makes an empty database and opens it. @throws StoreError when it exists already or cannot be written
+    virtual void create(QSqlDatabase& database, const QString& file, int busyWait) const = 0;
     /// Copies the open database, as it stands now, into a new file.
     virtual void copyTo(QSqlDatabase& database, const QString& target) const = 0;
     /// Empty when the whole file is sound, else the engine's complaints.
@@ -38,6 +35,9 @@ public:
 
     /// Statement that begins a transaction which will write.
     virtual QString beginWriting() const = 0;
+    /// False once the engine has ended a transaction by itself, as it does when the disk is full.
+    virtual bool inTransaction(QSqlDatabase& database) const = 0;
+
     /// Tables, in the order in which they were made.
     virtual QStringList tables(QSqlDatabase& database) const = 0;
     /// Columns of a table, in their order; empty when there is no such table.

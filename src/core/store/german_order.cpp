@@ -20,66 +20,72 @@ QCollator makeCollator() {
     return collator;
 }
 
-const QCollator& collator() {
-    static const QCollator instance = makeCollator();
-    return instance;
-}
-
-/// Rank of every printable ASCII character in the collator's order, 0 for all other bytes. Class names, keys
-/// and most names of the school are ASCII, and comparing ranks is many times quicker than asking the
-/// collator.
-const std::array<unsigned char, 256>& ranks() {
-    static const auto table = [] {
-        std::array<int, kLastPrintable - kFirstPrintable + 1> letters{};
-        std::iota(letters.begin(), letters.end(), kFirstPrintable);
-        const auto order = [](int a, int b) {
-            return collator().compare(QString(QChar(a)), QString(QChar(b)));
-        };
-        std::stable_sort(letters.begin(), letters.end(), [&](int a, int b) { return order(a, b) < 0; });
-        std::array<unsigned char, 256> result{};
-        unsigned char rank = 1;
-        for (std::size_t i = 0; i < letters.size(); ++i) {
-            if (i > 0 && order(letters[i - 1], letters[i]) != 0)
-                ++rank;
-            result[static_cast<std::size_t>(letters[i])] = rank;
-        }
-        return result;
-    }();
-    return table;
+int collatorOrder(const QString& left, const QString& right) {
+    static const QCollator collator = makeCollator();
+    return collator.compare(left, right);
 }
 
 int sign(qsizetype difference) {
     return difference < 0 ? -1 : difference > 0 ? 1 : 0;
 }
 
+/// Some platforms pass over hyphens and apostrophes inside a word; such a character has no fixed place.
+bool hasFixedPlace(const QString& letter) {
+    const QString a(u'a');
+    const int alone = collatorOrder(letter, a);
+    return alone == 0 || sign(collatorOrder(letter + u'z', a)) == sign(alone);
+}
+
+/// Rank of every printable ASCII character in the collator's order, 0 for all other bytes. Nearly all of the
+/// school's texts differ from each other first in such a character, and comparing ranks is many times quicker
+/// than asking the collator.
+std::array<unsigned char, 256> makeRanks() {
+    std::array<int, kLastPrintable - kFirstPrintable + 1> letters{};
+    std::iota(letters.begin(), letters.end(), kFirstPrintable);
+    const auto order = [](int a, int b) { return collatorOrder(QString(QChar(a)), QString(QChar(b))); };
+    std::stable_sort(letters.begin(), letters.end(), [&](int a, int b) { return order(a, b) < 0; });
+    std::array<unsigned char, 256> ranks{};
+    unsigned char rank = 1;
+    for (std::size_t i = 0; i < letters.size(); ++i) {
+        if (i > 0 && order(letters[i - 1], letters[i]) != 0)
+            ++rank;
+        if (hasFixedPlace(QString(QChar(letters[i]))))
+            ranks[static_cast<std::size_t>(letters[i])] = rank;
+    }
+    return ranks;
+}
+
+int rankOf(char byte) {
+    static const auto ranks = makeRanks();
+    return ranks[static_cast<unsigned char>(byte)];
+}
+
 int collatedOrder(QByteArrayView left, QByteArrayView right) {
     const QString a = QString::fromUtf8(left);
     const QString b = QString::fromUtf8(right);
-    const int order = collator().compare(a, b);
+    const int order = collatorOrder(a, b);
     return order != 0 ? order : a.toLower().compare(b.toLower());
 }
 
 } // namespace
 
 int germanOrder(QByteArrayView left, QByteArrayView right) {
-    const auto& rank = ranks();
     const qsizetype common = std::min(left.size(), right.size());
-    int order = 0;
-    for (qsizetype i = 0; i < common; ++i) {
-        const auto a = rank[static_cast<unsigned char>(left[i])];
-        const auto b = rank[static_cast<unsigned char>(right[i])];
-        if (a == 0 || b == 0)
-            return collatedOrder(left, right);
-        if (order == 0)
-            order = sign(a - b);
-    }
-    const auto plain = [&](QByteArrayView rest) {
-        return std::all_of(rest.begin(), rest.end(),
-                           [&](char c) { return rank[static_cast<unsigned char>(c)] != 0; });
-    };
-    if (!plain(left.sliced(common)) || !plain(right.sliced(common)))
+    qsizetype same = 0;
+    while (same < common
+           && (left[same] == right[same]
+               || (rankOf(left[same]) != 0 && rankOf(left[same]) == rankOf(right[same]))))
+        ++same;
+    if (same == left.size() && same == right.size())
+        return 0;
+    // The end of a text comes before every character that has a place of its own.
+    const bool leftPlain = same == left.size() || rankOf(left[same]) != 0;
+    const bool rightPlain = same == right.size() || rankOf(right[same]) != 0;
+    if (!leftPlain || !rightPlain)
         return collatedOrder(left, right);
-    return order != 0 ? order : sign(left.size() - right.size());
+    const int leftRank = same == left.size() ? 0 : rankOf(left[same]);
+    const int rightRank = same == right.size() ? 0 : rankOf(right[same]);
+    return sign(leftRank - rightRank);
 }
 
 } // namespace kolibri

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "core/store/column_kind.h"
+#include "core/store/field_names.h"
 
-#include <QHash>
 #include <QString>
 #include <QVariant>
 
 #include <memory>
-#include <vector>
 
 namespace kolibri {
 
@@ -25,10 +23,11 @@ public:
     void MoveLast() { m_row = RecordCount() > 0 ? RecordCount() - 1 : 0; }
     void MoveNext() { ++m_row; }
 
-    /// Index of a field, for loops over many rows; -1 when the query has no such field.
+    /// Index of a field; -1 when the query has no such field.
     int FieldIndex(QStringView field) const;
     bool HasField(QStringView field) const { return FieldIndex(field) >= 0; }
     int FieldCount() const;
+    /// Name of a field as the query spells it; empty when the query has no such field.
     QString FieldName(int field) const;
 
     /// Value of the current row as the store keeps it: text, qint64, double, bool, "hh:mm", or null.
@@ -48,13 +47,13 @@ private:
     friend class Connection;
 
     struct Content {
-        std::vector<QString> names;
-        QHash<QString, int> index;
-        std::vector<QVariant> cells;
+        std::shared_ptr<const FieldNames> fields;
+        QVariantList cells;
         int rows = 0;
-
-        void addField(const QString& name);
+        QString purpose;
     };
+
+    [[noreturn]] void Fail(const QString& words) const;
 
     std::shared_ptr<const Content> m_content;
     int m_row = 0;

@@ -115,10 +115,7 @@ SchemaTable listTexts() {
 }
 
 SchemaTable laterTable(const QString& name, std::initializer_list<Columns> parts) {
-    SchemaTable table{name, kLater, joined(parts)};
-    for (auto& column : table.columns)
-        column.later = true;
-    return table;
+    return {name, kLater, joined(parts)};
 }
 
 std::vector<SchemaTable> makeSchema() {
@@ -149,6 +146,9 @@ std::vector<SchemaTable> makeSchema() {
                                 {of(Long, {u"ID"_s}), of(Text, {u"Klasse"_s}), of(Memo, {u"TextVorher"_s})}));
     tables.push_back(laterTable(u"Bausteine"_s, {of(Long, {u"ID"_s}), of(Text, {u"Bausteine"_s})}));
     tables.push_back(laterTable(u"KategorieKontakte"_s, {of(Long, {u"ID"_s}), of(Text, {u"Name"_s})}));
+    for (auto& table : tables)
+        for (auto& column : table.columns)
+            column.later = column.later || table.later;
     return tables;
 }
 

@@ -18,7 +18,7 @@ struct SchemaColumn {
 /// A table of the schema, in the shape that a current file has.
 struct SchemaTable {
     QString name;
-    /// True for a table that the first version of the program did not have yet.
+    /// True for a table that the first version of the program did not have yet; so are all its columns then.
     bool later = false;
     std::vector<SchemaColumn> columns;
 
@@ -26,7 +26,8 @@ struct SchemaTable {
     std::vector<ColumnInfo> columnInfos() const;
 };
 
-/// All tables of the office's database. The one place that knows their columns.
+/// All tables of the office's database in the order in which the program came to have them. The one place
+/// that knows their columns.
 const std::vector<SchemaTable>& schema();
 /// A table of the schema by its exact name.
 const SchemaTable& schemaTable(QStringView name);

@@ -1,5 +1,6 @@
 #include "core/store/engine.h"
 #include "core/store/german_order.h"
+#include "core/store/sqlite_file.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -8,8 +9,9 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlResult>
-#include <QtEndian>
 
+#include <algorithm>
+#include <cstdint>
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
@@ -17,32 +19,83 @@ using namespace Qt::StringLiterals;
 namespace kolibri {
 namespace {
 
+using ErrorKind = StoreError::Kind;
+
 struct Declaration {
     ColumnKind kind;
-    QLatin1StringView text;
+    const char* type;
+    const char* constraint;
 };
 
 // The collation is part of the declaration so that any comparison, also one made by another tool, ignores
-// case.
+// case. A number comes before the AutoNumber, whose type has the same name.
 constexpr Declaration kDeclarations[] = {
-    {ColumnKind::Text, "TEXT(255) COLLATE NOCASE"_L1},
-    {ColumnKind::Memo, "MEMO TEXT COLLATE NOCASE"_L1},
-    {ColumnKind::Long, "INTEGER"_L1},
-    {ColumnKind::AutoNumber, "INTEGER PRIMARY KEY AUTOINCREMENT"_L1},
-    {ColumnKind::Boolean, "BOOLEAN NOT NULL DEFAULT 0"_L1},
-    {ColumnKind::Currency, "CURRENCY"_L1},
-    {ColumnKind::DateTime, "DATETIME"_L1},
+    {ColumnKind::Text, "TEXT(255)", " COLLATE NOCASE"},
+    {ColumnKind::Memo, "MEMO TEXT", " COLLATE NOCASE"},
+    {ColumnKind::Long, "INTEGER", ""},
+    {ColumnKind::AutoNumber, "INTEGER", " PRIMARY KEY AUTOINCREMENT"},
+    {ColumnKind::Boolean, "BOOLEAN", " NOT NULL DEFAULT 0"},
+    {ColumnKind::Currency, "CURRENCY", ""},
+    {ColumnKind::DateTime, "DATETIME", ""},
 };
 
-std::optional<ColumnKind> kindOf(const QString& declared) {
-    for (const auto& declaration : kDeclarations) {
-        if (declaration.kind == ColumnKind::AutoNumber)
-            continue;
-        if (declared.startsWith(declaration.text.left(declaration.text.indexOf(u' ')), Qt::CaseInsensitive)
-            || declared.compare(declaration.text, Qt::CaseInsensitive) == 0)
+std::optional<ColumnKind> kindOf(const char* declared) {
+    for (const auto& declaration : kDeclarations)
+        if (qstricmp(declared, declaration.type) == 0)
             return declaration.kind;
-    }
     return std::nullopt;
+}
+
+struct Explanation {
+    int code;
+    ErrorKind kind;
+    QStringView words;
+};
+
+constexpr QStringView kBusyWords = u"Die Datenbank wird gerade von einem anderen Arbeitsplatz benutzt. Bitte "
+                                   u"versuchen Sie es in einem Augenblick noch einmal.";
+constexpr QStringView kReadOnlyWords =
+    u"In die Datenbank kann nicht geschrieben werden. Bitte prüfen Sie, ob "
+    u"Sie in ihrem Ordner Dateien ändern dürfen.";
+constexpr QStringView kFullWords = u"Der Datenträger der Datenbank ist voll oder nicht mehr erreichbar. Es "
+                                   u"wurde nichts geändert.";
+constexpr QStringView kKeyWords = u"Die Nummer des Datensatzes ist bereits vergeben.";
+constexpr QStringView kValueWords = u"Ein Wert passt nicht in sein Feld.";
+
+// The engine's numbers, the exact ones before the general ones.
+constexpr Explanation kExplanations[] = {
+    {SQLITE_CONSTRAINT_PRIMARYKEY, ErrorKind::KeyTaken, kKeyWords},
+    {SQLITE_CONSTRAINT_ROWID, ErrorKind::KeyTaken, kKeyWords},
+    {SQLITE_CONSTRAINT_UNIQUE, ErrorKind::KeyTaken, kKeyWords},
+    {SQLITE_CONSTRAINT, ErrorKind::Value, kValueWords},
+    {SQLITE_MISMATCH, ErrorKind::Value, kValueWords},
+    {SQLITE_TOOBIG, ErrorKind::Value, kValueWords},
+    {SQLITE_BUSY, ErrorKind::Busy, kBusyWords},
+    {SQLITE_LOCKED, ErrorKind::Busy, kBusyWords},
+    {SQLITE_PROTOCOL, ErrorKind::Busy, kBusyWords},
+    {SQLITE_READONLY, ErrorKind::ReadOnly, kReadOnlyWords},
+    {SQLITE_CANTOPEN, ErrorKind::ReadOnly, kReadOnlyWords},
+    {SQLITE_PERM, ErrorKind::ReadOnly, kReadOnlyWords},
+    {SQLITE_FULL, ErrorKind::Full, kFullWords},
+    {SQLITE_IOERR, ErrorKind::Full, kFullWords},
+    {SQLITE_CORRUPT, ErrorKind::Damaged,
+     u"Die Datenbank ist beschädigt. Bitte arbeiten Sie nicht weiter und holen Sie die letzte Sicherung "
+     u"zurück."},
+    {SQLITE_NOTADB, ErrorKind::Foreign, u"Die Datei ist keine Datenbank dieses Programms."},
+};
+
+StoreError explained(int code, const QString& words, const QString& table) {
+    constexpr int kGeneralPart = 0xff;
+    const QString engineWords = u"%1 (%2)"_s.arg(words).arg(code);
+    for (const auto& explanation : kExplanations)
+        if (explanation.code == code || explanation.code == (code & kGeneralPart))
+            return {explanation.kind, explanation.words.toString(), table, engineWords};
+    if (words.startsWith(u"no such "))
+        return {
+            ErrorKind::Programming,
+            u"In der Datenbank fehlt eine Tabelle oder ein Feld, das für diesen Vorgang gebraucht wird."_s,
+            table, engineWords};
+    return {ErrorKind::Syntax, u"Die Datenbank hat die Anweisung nicht angenommen."_s, table, engineWords};
 }
 
 sqlite3* handleOf(const QSqlDatabase& database) {
@@ -57,119 +110,79 @@ int compareGerman(void*, int leftSize, const void* left, int rightSize, const vo
                        QByteArrayView(static_cast<const char*>(right), rightSize));
 }
 
+/// The engine's own wait makes ever longer pauses, and whoever waits longest then finds the file free least
+/// often. Short even ones give every workstation its turn.
+int waitForOthers(void* busyWait, int pauses) {
+    constexpr int kPause = 5;
+    if (pauses * kPause >= reinterpret_cast<std::intptr_t>(busyWait))
+        return 0;
+    sqlite3_sleep(kPause);
+    return 1;
+}
+
 QString quoted(const QString& name) {
     return u'"' + QString(name).replace(u'"', u"\"\""_s) + u'"';
 }
 
-/// The first hundred bytes of a database file say what it is and how long it ought to be.
-class FileHeader {
-public:
-    explicit FileHeader(const QByteArray& bytes) : m_bytes(bytes) {}
-
-    static constexpr int kSize = 100;
-
-    bool isDatabase() const { return m_bytes.startsWith(QByteArrayView("SQLite format 3\0", 16)); }
-    bool isComplete() const { return m_bytes.size() == kSize; }
-    /// Bytes the file must have; 0 when the header does not vouch for its own count of pages.
-    qint64 expectedSize() const {
-        if (number(24) != number(92))
-            return 0;
-        const quint32 raw = qFromBigEndian<quint16>(m_bytes.constData() + 16);
-        const qint64 pageSize = raw == 1 ? 65536 : raw;
-        return pageSize * number(28);
-    }
-
-private:
-    quint32 number(int offset) const { return qFromBigEndian<quint32>(m_bytes.constData() + offset); }
-
-    QByteArray m_bytes;
-};
-
-void run(QSqlDatabase& database, const QString& statement, const Engine& engine) {
-    QSqlQuery query(database);
-    if (!query.exec(statement))
-        throw engine.explain(query.lastError(), {});
+void run(sqlite3* handle, const char* statement) {
+    if (sqlite3_exec(handle, statement, nullptr, nullptr, nullptr) != SQLITE_OK)
+        throw explained(sqlite3_extended_errcode(handle), QString::fromUtf8(sqlite3_errmsg(handle)), {});
 }
 
 class SqliteEngine final : public Engine {
 public:
     QString driver() const override { return u"QSQLITE"_s; }
 
-    QString connectOptions(int busyWait) const override { return u"QSQLITE_BUSY_TIMEOUT=%1"_s.arg(busyWait); }
-
-    void checkFile(const QString& name) const override {
-        const QFileInfo info(name);
-        if (!info.exists() || info.isDir())
-            throw StoreError(StoreError::Kind::Missing,
-                             u"Die Datenbank %1 wurde nicht gefunden."_s.arg(name));
-        QFile file(name);
-        if (!file.open(QIODevice::ReadOnly))
-            throw StoreError(StoreError::Kind::Missing,
-                             u"Die Datenbank %1 kann nicht gelesen werden."_s.arg(name), {},
-                             file.errorString());
-        const FileHeader header(file.read(FileHeader::kSize));
-        if (!header.isDatabase())
-            throw StoreError(
-                StoreError::Kind::Foreign,
-                u"Die Datei %1 ist keine Datenbank dieses Programms. Sie wurde nicht verändert."_s.arg(name));
-        // While a journal lies beside the file, its last writer did not get through; the engine brings the
-        // old state back by itself, and until then the length says nothing.
-        const bool unfinished = QFile::exists(name + u"-journal"_s);
-        if (!header.isComplete() || (!unfinished && info.size() < header.expectedSize()))
-            throw StoreError(
-                StoreError::Kind::Damaged,
-                u"Die Datenbank %1 ist unvollständig; ihr Ende fehlt. Sie wurde nicht verändert."_s.arg(
-                    name));
+    void open(QSqlDatabase& database, const QString& file, int busyWait) const override {
+        if (!QFileInfo(file).isFile())
+            throw StoreError(ErrorKind::Missing, u"Die Datenbank %1 wurde nicht gefunden."_s.arg(file));
+        sqlite3* handle = connected(database, file);
+        const SqliteHeader header = checkedSqliteHeader(handle, file);
+        prepare(handle, busyWait);
+        // The file may lie on a network share, where write-ahead logging destroys it.
+        if (header.isWriteAhead())
+            run(handle, "PRAGMA journal_mode=DELETE");
     }
 
-    void createFile(const QString& name) const override {
+    void create(QSqlDatabase& database, const QString& name, int busyWait) const override {
         QFile file(name);
         if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-            throw StoreError(file.exists() ? StoreError::Kind::KeyTaken : StoreError::Kind::ReadOnly,
+            throw StoreError(file.exists() ? ErrorKind::KeyTaken : ErrorKind::ReadOnly,
                              file.exists() ? u"Die Datei %1 gibt es bereits."_s.arg(name)
                                            : u"Die Datei %1 kann nicht angelegt werden."_s.arg(name),
                              {}, file.errorString());
-    }
-
-    void prepare(QSqlDatabase& database) const override {
-        sqlite3* handle = handleOf(database);
-        if (!handle
-            || sqlite3_create_collation_v2(handle, "NOCASE", SQLITE_UTF8, nullptr, compareGerman, nullptr)
-                   != SQLITE_OK)
-            throw StoreError(StoreError::Kind::Programming,
-                             u"Die deutsche Sortierung der Datenbank ist nicht verfügbar."_s);
-        run(database, u"PRAGMA synchronous=FULL"_s, *this);
-        QSqlQuery mode(database);
-        // The file may lie on a network share, where write-ahead logging destroys it.
-        if (mode.exec(u"PRAGMA journal_mode"_s) && mode.next() && mode.value(0).toString() == u"wal"_s)
-            run(database, u"PRAGMA journal_mode=DELETE"_s, *this);
+        file.close();
+        prepare(connected(database, name), busyWait);
     }
 
     void copyTo(QSqlDatabase& database, const QString& target) const override {
         sqlite3* copy = nullptr;
-        int result = sqlite3_open_v2(target.toUtf8().constData(), &copy,
-                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
-        if (result == SQLITE_OK) {
+        int code = sqlite3_open_v2(target.toUtf8().constData(), &copy,
+                                   SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+        if (code == SQLITE_OK) {
             if (sqlite3_backup* backup = sqlite3_backup_init(copy, "main", handleOf(database), "main")) {
                 sqlite3_backup_step(backup, -1);
                 sqlite3_backup_finish(backup);
             }
-            result = sqlite3_errcode(copy);
+            code = sqlite3_extended_errcode(copy);
         }
         const QString words = QString::fromUtf8(copy ? sqlite3_errmsg(copy) : "out of memory");
         sqlite3_close(copy);
-        if (result != SQLITE_OK) {
-            QFile::remove(target);
-            throw StoreError(StoreError::Kind::ReadOnly,
-                             u"Die Sicherheitskopie %1 kann nicht geschrieben werden."_s.arg(target), {},
-                             words);
-        }
+        if (code == SQLITE_OK)
+            return;
+        QFile::remove(target);
+        throw StoreError(explained(code, words, {}).kind(),
+                         u"Die Sicherheitskopie %1 kann nicht geschrieben werden."_s.arg(target), {}, words);
     }
 
     QStringList integrityProblems(QSqlDatabase& database) const override {
         QSqlQuery query(database);
-        if (!query.exec(u"PRAGMA integrity_check"_s))
+        if (!query.exec(u"PRAGMA integrity_check"_s)) {
+            const StoreError error = explain(query.lastError(), {});
+            if (error.kind() != ErrorKind::Damaged && error.kind() != ErrorKind::Foreign)
+                throw error;
             return {query.lastError().databaseText()};
+        }
         QStringList lines;
         while (query.next())
             lines << query.value(0).toString();
@@ -177,6 +190,10 @@ public:
     }
 
     QString beginWriting() const override { return u"BEGIN IMMEDIATE"_s; }
+
+    bool inTransaction(QSqlDatabase& database) const override {
+        return sqlite3_get_autocommit(handleOf(database)) == 0;
+    }
 
     QStringList tables(QSqlDatabase& database) const override {
         QSqlQuery query(database);
@@ -191,12 +208,13 @@ public:
 
     std::vector<ColumnInfo> columns(QSqlDatabase& database, const QString& table) const override {
         QSqlQuery query(database);
+        query.setForwardOnly(true);
         if (!query.exec(u"PRAGMA table_info(%1)"_s.arg(quoted(table))))
             throw explain(query.lastError(), table);
         constexpr int kName = 1, kType = 2, kPrimaryKey = 5;
         std::vector<ColumnInfo> result;
         while (query.next()) {
-            auto kind = kindOf(query.value(kType).toString()).value_or(ColumnKind::Text);
+            auto kind = kindOf(query.value(kType).toString().toUtf8().constData()).value_or(ColumnKind::Text);
             if (kind == ColumnKind::Long && query.value(kPrimaryKey).toInt() > 0)
                 kind = ColumnKind::AutoNumber;
             result.push_back({query.value(kName).toString(), kind});
@@ -205,10 +223,9 @@ public:
     }
 
     QString declaration(ColumnKind kind) const override {
-        for (const auto& declaration : kDeclarations)
-            if (declaration.kind == kind)
-                return declaration.text;
-        Q_UNREACHABLE();
+        const auto found = std::find_if(std::begin(kDeclarations), std::end(kDeclarations),
+                                        [kind](const Declaration& each) { return each.kind == kind; });
+        return QString::fromLatin1(found->type) + QString::fromLatin1(found->constraint);
     }
 
     std::vector<std::optional<ColumnKind>> resultKinds(const QSqlQuery& query) const override {
@@ -219,45 +236,34 @@ public:
         std::vector<std::optional<ColumnKind>> kinds;
         for (int i = 0; i < sqlite3_column_count(statement); ++i) {
             const char* declared = sqlite3_column_decltype(statement, i);
-            kinds.push_back(declared ? kindOf(QString::fromUtf8(declared)) : std::nullopt);
+            kinds.push_back(declared ? kindOf(declared) : std::nullopt);
         }
         return kinds;
     }
 
     StoreError explain(const QSqlError& error, const QString& table) const override {
-        using Kind = StoreError::Kind;
-        const QString words = error.databaseText() + u" ("_s + error.nativeErrorCode() + u')';
-        const auto make = [&](Kind kind, const QString& text) {
-            return StoreError(kind, text, table, words);
-        };
-        switch (error.nativeErrorCode().toInt() & 0xff) {
-        case SQLITE_BUSY:
-        case SQLITE_LOCKED:
-            return make(Kind::Busy,
-                        u"Die Datenbank wird gerade von einem anderen Arbeitsplatz benutzt. Bitte "
-                        "versuchen Sie es in einem Augenblick noch einmal."_s);
-        case SQLITE_READONLY:
-        case SQLITE_CANTOPEN:
-        case SQLITE_PERM:
-            return make(Kind::ReadOnly,
-                        u"In die Datenbank kann nicht geschrieben werden. Bitte prüfen Sie, ob Sie in ihrem "
-                        "Ordner Dateien ändern dürfen."_s);
-        case SQLITE_FULL:
-        case SQLITE_IOERR:
-            return make(Kind::Full,
-                        u"Der Datenträger der Datenbank ist voll oder nicht mehr erreichbar. Es wurde "
-                        "nichts geändert."_s);
-        case SQLITE_CORRUPT:
-            return make(Kind::Damaged,
-                        u"Die Datenbank ist beschädigt. Bitte arbeiten Sie nicht weiter und holen "
-                        "Sie die letzte Sicherung zurück."_s);
-        case SQLITE_NOTADB:
-            return make(Kind::Foreign, u"Die Datei ist keine Datenbank dieses Programms."_s);
-        case SQLITE_CONSTRAINT:
-            return make(Kind::KeyTaken, u"Die Nummer des Datensatzes ist bereits vergeben."_s);
-        default:
-            return make(Kind::Syntax, u"Die Datenbank hat die Anweisung nicht angenommen."_s);
-        }
+        const QString words = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
+        return explained(error.nativeErrorCode().toInt(), words, table);
+    }
+
+private:
+    sqlite3* connected(QSqlDatabase& database, const QString& file) const {
+        database.setDatabaseName(file);
+        if (!database.open())
+            throw StoreError(ErrorKind::Missing, u"Die Datenbank %1 kann nicht geöffnet werden."_s.arg(file),
+                             {}, database.lastError().text());
+        if (sqlite3* handle = handleOf(database))
+            return handle;
+        throw StoreError(ErrorKind::Programming, u"Das Datenbankmodul passt nicht zu diesem Programm."_s);
+    }
+
+    void prepare(sqlite3* handle, int busyWait) const {
+        // What stands in double quotes is a name; a misspelled one must not silently become a text.
+        sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+        sqlite3_busy_handler(handle, waitForOthers,
+                             reinterpret_cast<void*>(static_cast<std::intptr_t>(busyWait)));
+        sqlite3_create_collation_v2(handle, "NOCASE", SQLITE_UTF8, nullptr, compareGerman, nullptr);
+        run(handle, "PRAGMA synchronous=FULL");
     }
 };
 
