@@ -22,12 +22,11 @@ QString pupilsInTheWay(const QString& klasse) {
     const int count = rs.RecordCount();
     if (count == 0 || !rs.Bool(u"aktiv"))
         return {};
-    if (count == 1)
-        return u"In dieser Klasse ist noch %1 Schüler vorhanden. Sie müssen vorher diesen Schüler löschen "
-               u"oder "
-               "dessen Klasse ändern!"_s.arg(count);
-    return u"In dieser Klasse sind noch %1 Schüler vorhanden. Sie müssen vorher diese Schüler löschen oder "
-           "deren Klasse ändern!"_s.arg(count);
+    const QString one =
+        u"In dieser Klasse ist noch %1 Schüler vorhanden. Sie müssen vorher diesen Schüler löschen oder dessen Klasse ändern!"_s;
+    const QString several =
+        u"In dieser Klasse sind noch %1 Schüler vorhanden. Sie müssen vorher diese Schüler löschen oder deren Klasse ändern!"_s;
+    return (count == 1 ? one : several).arg(count);
 }
 
 } // namespace

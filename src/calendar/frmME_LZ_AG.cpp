@@ -6,9 +6,9 @@
 #include "core/mdlAllgemein.h"
 #include "core/row_id.h"
 #include "core/widgets/entry_box.h"
-#include "core/widgets/error_colour.h"
 #include "core/widgets/form_layout.h"
 #include "core/widgets/list_view.h"
+#include "core/widgets/theme.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -201,7 +201,7 @@ void frmME_LZ_AG::ME_LZ_AG_DatenAnzeigen() {
 
 void frmME_LZ_AG::Zeiten_Unterrichtseinheiten_Einlesen() {
     cmbUE->clear();
-    cmbUE->addItem({});
+    cmbUE->addItem(u""_s);
     for (const auto& unit : Unterrichtseinheiten_DatenEinlesen())
         cmbUE->addItem(unit.Zeit);
     cmbUE->setCurrentIndex(0);

@@ -5,9 +5,9 @@
 #include "core/row_id.h"
 #include "core/time_check.h"
 #include "core/widgets/entry_box.h"
-#include "core/widgets/error_colour.h"
 #include "core/widgets/form_layout.h"
 #include "core/widgets/list_view.h"
+#include "core/widgets/theme.h"
 
 #include <QMenuBar>
 #include <QPushButton>

@@ -17,7 +17,7 @@ private:
         return line;
     }
     static const TimetableLine& second() {
-        static const TimetableLine line{u"08:50 - 09:35"_s, {}};
+        static const TimetableLine line{u"08:50 - 09:35"_s, {u""_s, u""_s, u""_s, u""_s, u""_s}};
         return line;
     }
 

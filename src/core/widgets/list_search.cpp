@@ -1,7 +1,7 @@
 #include "core/widgets/list_search.h"
 
-#include "core/widgets/error_colour.h"
 #include "core/widgets/list_view.h"
+#include "core/widgets/theme.h"
 
 #include <QKeyEvent>
 

@@ -1,0 +1,63 @@
+#include "core/frmStart.h"
+#include "core/widgets/application.h"
+#include "core/widgets/forms.h"
+#include "support/test_base.h"
+
+#include <QAction>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace kolibri;
+
+/// What the menu opens, and in which mode.
+class FrmStartTargetsTest : public kolibri::test::TestBase {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void anEntryOpensItsFormInItsMode_data() {
+        QTest::addColumn<QString>("form");
+        QTest::addColumn<QString>("tag");
+        QTest::addColumn<QString>("caption");
+        const auto row = [](const QString& entry, const QString& form, const QString& tag,
+                            const QString& caption) {
+            QTest::newRow(qPrintable(entry)) << form << tag << caption;
+        };
+        row(u"mnuKlasseNeuLöschen"_s, u"frmKlassenNeuLöschen"_s, {}, u"Klassen Neu/Löschen"_s);
+        row(u"mnuUnterrichtBeginnEnde"_s, u"frmUnterrichtszeiten"_s, {}, u"Unterrichtszeiten"_s);
+        row(u"mnuStundenplan"_s, u"frmStundenplan"_s, {}, u"Stundenplan"_s);
+        const QList<std::pair<QString, QString>> units{
+            {u"Neu"_s, u"Neueingabe"_s}, {u"Korrektur"_s, u"Korrigieren"_s}, {u"Löschen"_s, u"Löschen"_s}};
+        for (const auto& [action, word] : units)
+            row(u"mnuUnterrichtsEinheiten_"_s + action, u"frmUnterrichtseinheiten"_s, action,
+                u"Unterrichtseinheit "_s + word);
+        for (const auto& action : {u"Neu"_s, u"Korrektur"_s, u"Löschen"_s}) {
+            row(u"mnuBaustein"_s + action, u"frmBaustein"_s, action, u"BAUSTEIN"_s);
+            const auto offering = [&](const QString& entry, const QString& kind) {
+                row(entry + action, u"frmME_LZ_AG"_s, kind + action,
+                    kind.toUpper() + u' ' + action.toUpper());
+            };
+            offering(u"mnuMensa"_s, u"Mensa"_s);
+            offering(u"mnuLernzeit"_s, u"Lernzeit"_s);
+            offering(u"mnuArbeitsgruppen"_s, u"Arbeitsgruppe"_s);
+        }
+    }
+
+    void anEntryOpensItsFormInItsMode() {
+        QFETCH(QString, form);
+        QFETCH(QString, tag);
+        QFETCH(QString, caption);
+        useEmptyDatabase();
+        auto& start = Form<frmStart>();
+        start.setState(StartState::Ready);
+        start.findChild<QAction*>(QString::fromUtf8(QTest::currentDataTag()))->trigger();
+        auto* opened = dynamic_cast<FormWindow*>(QApplication::activeModalWidget());
+        QVERIFY(opened);
+        QCOMPARE(opened->objectName(), form);
+        QCOMPARE(opened->Tag, tag);
+        QCOMPARE(opened->windowTitle(), caption);
+        QVERIFY(opened->isModal());
+    }
+};
+
+KOLIBRI_TEST_MAIN(FrmStartTargetsTest)
+#include "frmStart_targets_test.moc"
