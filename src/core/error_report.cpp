@@ -1,8 +1,7 @@
 #include "core/error_report.h"
 
 #include "core/mdlAllgemein.h"
-#include "core/runtime_error.h"
-#include "core/store/store_error.h"
+#include "core/store/office_error.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,11 +13,8 @@ void reportError(std::exception_ptr error) {
     MessageBox box{{}, kStopSign, kProgramTitle};
     try {
         std::rethrow_exception(error);
-    } catch (const StoreError& e) {
-        box.text = e.message();
-        box.details = e.details();
-    } catch (const RuntimeError& e) {
-        box.text = e.message();
+    } catch (const OfficeError& e) {
+        box.text = e.note().isEmpty() ? e.message() : e.message() + u"\n\n"_s + e.note();
         box.details = e.details();
     } catch (const std::exception& e) {
         box.text = u"Unerwarteter Fehler. Der Vorgang wurde abgebrochen."_s;

@@ -5,7 +5,7 @@ using namespace Qt::StringLiterals;
 namespace kolibri {
 
 RuntimeError::RuntimeError(int number, const QString& words, const QString& details)
-    : std::runtime_error(words.toStdString()), m_number(number), m_words(words), m_details(details) {}
+    : OfficeError(words.toStdString()), m_number(number), m_words(words), m_details(details) {}
 
 QString RuntimeError::message() const {
     return u"Laufzeitfehler '%1': %2"_s.arg(m_number).arg(m_words);

@@ -1,21 +1,19 @@
 #pragma once
 
-#include <QString>
-
-#include <stdexcept>
+#include "core/store/office_error.h"
 
 namespace kolibri {
 
 /// A bound of the program is reached. It ends the operation and is shown with the number and the words that
 /// the office knows from the program's earlier versions.
-class RuntimeError : public std::runtime_error {
+class RuntimeError : public OfficeError {
 public:
     RuntimeError(int number, const QString& words, const QString& details = {});
 
     int number() const { return m_number; }
     /// "Laufzeitfehler '9': Index außerhalb des gültigen Bereichs"
-    QString message() const;
-    QString details() const { return m_details; }
+    QString message() const override;
+    QString details() const override { return m_details; }
 
     /// 6: a number is too large for its place.
     static RuntimeError overflow(const QString& details = {});

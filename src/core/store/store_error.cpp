@@ -5,7 +5,7 @@ using namespace Qt::StringLiterals;
 namespace kolibri {
 
 StoreError::StoreError(Kind kind, const QString& words, const QString& table, const QString& engineWords)
-    : std::runtime_error(words.toStdString()),
+    : OfficeError(words.toStdString()),
       m_kind(kind),
       m_words(words),
       m_table(table),

@@ -1,14 +1,12 @@
 #pragma once
 
-#include <QString>
-
-#include <stdexcept>
+#include "core/store/office_error.h"
 
 namespace kolibri {
 
 /// A failure of the store. It ends the operation; the office reads `message()`, the details go to whoever
 /// helps the office.
-class StoreError : public std::runtime_error {
+class StoreError : public OfficeError {
 public:
     /// What went wrong, as far as the office can do something about it.
     enum class Kind {
@@ -28,9 +26,9 @@ public:
 
     Kind kind() const { return m_kind; }
     /// One or two German sentences for the box, with the purpose of the operation in front when it is known.
-    QString message() const;
+    QString message() const override;
     /// Purpose, table, and the engine's own words, one a line; empty when there is nothing to add.
-    QString details() const;
+    QString details() const override;
 
     /// What the operation was about ("Schülerliste laden"); set once by the innermost DbSession that knows
     /// it.
