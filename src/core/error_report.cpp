@@ -19,6 +19,8 @@ void reportError(std::exception_ptr error) {
     } catch (const std::exception& e) {
         box.text = u"Unerwarteter Fehler. Der Vorgang wurde abgebrochen."_s;
         box.details = QString::fromUtf8(e.what());
+    } catch (...) {
+        box.text = u"Unerwarteter Fehler. Der Vorgang wurde abgebrochen."_s;
     }
     doors().messages->show(box);
 }

@@ -1,19 +1,22 @@
 #include "core/frmStart.h"
 
+#include "core/error_report.h"
 #include "core/frmStart_targets.h"
+#include "core/frmStart_view.h"
 #include "core/mdlAllgemein.h"
 #include "core/menu_table.h"
 #include "core/widgets/forms.h"
-#include "core/widgets/picture.h"
 
 #include <QAction>
 #include <QCloseEvent>
 #include <QCoreApplication>
-#include <QGridLayout>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStatusBar>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -31,15 +34,13 @@ bool isMenu(const std::vector<MenuEntry>& table, std::size_t i) {
 frmStart::frmStart() {
     setObjectName(u"frmStart"_s);
     setWindowTitle(kProgramTitle);
+    setContextMenuPolicy(Qt::NoContextMenu);
     buildMenus();
-    auto* centre = new QWidget;
-    auto* column = new QVBoxLayout(centre);
-    column->addWidget(buildHead(), 1);
-    column->addWidget(buildButtons());
+    buildContent();
+    connectLargeButtons();
     auto* version = new QLabel(versionLine());
     version->setObjectName(u"lblVersion"_s);
-    column->addWidget(version);
-    setCentralWidget(centre);
+    statusBar()->addPermanentWidget(version);
 }
 
 void frmStart::buildMenus() {
@@ -58,32 +59,37 @@ void frmStart::buildMenus() {
         } else {
             action = open.back()->addAction(entry.caption);
             action->setObjectName(entry.name);
-            connect(action, &QAction::triggered, this, [this, &entry] { run(entry.task); });
+            action->setStatusTip(entry.tip);
+            if (!entry.task.target.isEmpty())
+                connect(action, &QAction::triggered, this, [this, &entry] { run(entry.task); });
         }
         action->setVisible(!entry.hidden);
     }
 }
 
-QWidget* frmStart::buildHead() {
-    auto* picture = new Picture(u":/kolibri/startbild.svg"_s);
-    picture->setObjectName(u"imgStart"_s);
-    return picture;
+void frmStart::buildContent() {
+    const int line = fontMetrics().height();
+    m_head = buildHead();
+    m_notice = buildNotice();
+    auto* content = new QWidget;
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, line * 2 / 3);
+    column->setSpacing(line * 2 / 3);
+    column->addWidget(m_head, 1);
+    column->addWidget(m_notice);
+    column->addWidget(buildLargeButtons(), 1);
+    m_area = scrolled(content);
+    setCentralWidget(m_area);
 }
 
-QWidget* frmStart::buildButtons() {
-    constexpr int kColumns = 4;
-    auto* area = new QWidget;
-    auto* grid = new QGridLayout(area);
-    int position = 0;
+void frmStart::connectLargeButtons() {
     for (const auto& large : largeButtons()) {
-        auto* button = new QPushButton(large.caption);
-        button->setObjectName(large.name);
+        auto* button = findChild<QPushButton*>(large.name);
         auto* entry = findChild<QAction*>(large.entry);
+        button->setStatusTip(entry->statusTip());
+        button->setAccessibleDescription(entry->statusTip());
         connect(button, &QPushButton::clicked, entry, &QAction::trigger);
-        grid->addWidget(button, position / kColumns, position % kColumns);
-        ++position;
     }
-    return area;
 }
 
 void frmStart::setState(StartState state) {
@@ -96,8 +102,19 @@ void frmStart::setState(StartState state) {
     }
     for (const auto& large : largeButtons())
         findChild<QPushButton*>(large.name)->setEnabled(ready);
-    for (const auto& name : {u"mnuNeueDatenbank"_s, u"mnuBeispielschule"_s})
+    for (const auto& name : entriesWithoutDatabase())
         findChild<QAction*>(name)->setVisible(!ready);
+    showSchool(m_head);
+    showMissingFile(m_notice, DatenbankDatei(Global().DB_Pfad));
+    m_notice->setVisible(!ready);
+    resize(startSize());
+}
+
+QSize frmStart::startSize() const {
+    // The window's frame and the desktop's own bar need some room too.
+    constexpr qreal kShareOfScreen = 0.92;
+    const QSize around(0, menuBar()->sizeHint().height() + statusBar()->sizeHint().height());
+    return (usualSize(m_area->widget()) + around).boundedTo(screen()->availableSize() * kShareOfScreen);
 }
 
 void frmStart::run(const MenuTask& task) {
@@ -109,7 +126,23 @@ void frmStart::run(const MenuTask& task) {
 
 void frmStart::closeEvent(QCloseEvent* event) {
     event->accept();
-    QCoreApplication::quit();
+    // Not quit(), which asks every window first and gives up when one refuses.
+    QCoreApplication::exit(EXIT_SUCCESS);
+}
+
+int runProgram(const QString& programFolder) {
+    int result = EXIT_FAILURE;
+    try {
+        const StartState state = startUp(programFolder);
+        auto& window = Form<frmStart>();
+        window.setState(state);
+        window.show();
+        result = QCoreApplication::exec();
+    } catch (...) {
+        reportError(std::current_exception());
+    }
+    unloadForms();
+    return result;
 }
 
 } // namespace kolibri

@@ -4,6 +4,8 @@
 
 #include <QMainWindow>
 
+class QScrollArea;
+
 namespace kolibri {
 
 struct MenuTask;
@@ -14,17 +16,28 @@ class frmStart : public QMainWindow {
 public:
     frmStart();
 
-    /// Rests what needs a database, and offers to make one.
+    /// Rests what needs a database, says so and offers to make one; or has everything work.
     void setState(StartState state);
 
 protected:
+    /// The end of the program, also by the menu.
     void closeEvent(QCloseEvent* event) override;
 
 private:
     void buildMenus();
-    QWidget* buildButtons();
-    QWidget* buildHead();
+    void buildContent();
+    void connectLargeButtons();
     void run(const MenuTask& task);
+    QSize startSize() const;
+
+    QScrollArea* m_area = nullptr;
+    QWidget* m_head = nullptr;
+    QWidget* m_notice = nullptr;
 };
+
+/// The whole program from its start until the main window is closed. `programFolder` is the folder of the
+/// executable.
+/// @returns the exit code: 0, or 1 when the start failed, which the user has been told then
+int runProgram(const QString& programFolder);
 
 } // namespace kolibri

@@ -3,12 +3,14 @@
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
 #include "core/menu_table.h"
+#include "core/platform/places.h"
 #include "core/reports_entry.h"
 #include "core/settings_file.h"
 #include "core/startup.h"
 #include "maintenance/new_database.h"
 #include "maintenance/sample_school.h"
 
+#include <QDir>
 #include <QGuiApplication>
 #include <QWidget>
 
@@ -51,8 +53,9 @@ public:
 /// Lets the user choose a folder, makes a database in it, and has the program look there from its next start
 /// on.
 void makeDatabase(const std::function<void(const QString&)>& make) {
-    const QString folder =
-        doors().files->chooseFolder(u"Bitte wählen Sie einen Ordner aus..."_s, Global().DB_Pfad);
+    const QString start = DateiVorhanden(Global().DB_Pfad) ? Global().DB_Pfad : baseFolder();
+    const QString folder = QDir::toNativeSeparators(
+        doors().files->chooseFolder(u"Bitte wählen Sie einen Ordner aus..."_s, start));
     if (folder.isEmpty())
         return;
     {

@@ -58,6 +58,15 @@ struct mdlGlobal {
     bool ModusTagesplanA = false;
     bool ModusTagesplanB = false;
 
+    /// The pupil selected on the pupil form or on the form of the Tagesplan notes: a key of Stammdaten, 0
+    /// when none. Keys have 16 bits.
+    qint16 AktuelleSchuelerID = 0;
+    /// Row of the pupil list, from 1, that is marked again when the pupil form comes back; 0 when none.
+    qint16 MarkierteZeile = 0;
+    /// Weekday code of the note being opened, and whether it exists already (the green tick was clicked).
+    QString NotizTag;
+    bool NotizBearbeiten = false;
+
     /// Conversions that the schema pass of this start has found necessary.
     bool UpgradeNotizen = false;
     bool UpgradeKontakte = false;

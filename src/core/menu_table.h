@@ -29,7 +29,10 @@ struct MenuEntry {
     /// 0 for a menu of the menu bar, one more for each level below.
     int depth;
     QString name;
+    /// With "&" before the letter that opens it from the keyboard.
     QString caption;
+    /// What the status bar says about it; empty for a menu.
+    QString tip = {};
     MenuTask task = {};
     /// Stands in the tree, but the office does not see it.
     bool hidden = false;
@@ -40,14 +43,20 @@ struct LargeButton {
     QString name;
     QString caption;
     QString entry;
+    /// Heading of the group in which it stands.
+    QString group;
+    /// Its drawing in data/symbole, without folder and ending.
+    QString symbol;
 };
 
 /// The whole menu tree, in its order.
 const std::vector<MenuEntry>& menuTable();
-/// The eight large buttons, in their order.
+/// The eight large buttons, in their order; those of a group stand together.
 const std::vector<LargeButton>& largeButtons();
 /// Menus that rest while there is no database.
 const QStringList& menusOfADatabase();
+/// Entries that are offered only while there is no database.
+const QStringList& entriesWithoutDatabase();
 /// Sets the state that a task asks for, before its form is shown.
 void applyTask(const MenuTask& task);
 

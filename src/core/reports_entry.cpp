@@ -6,6 +6,14 @@
 using namespace Qt::StringLiterals;
 
 namespace kolibri {
+namespace {
+
+bool placesEntered(const QString& kind) {
+    const DbSession session(u"Belegung lesen"_s);
+    return Global().Conn.Open(u"SELECT * FROM Parameter WHERE Feld1 = ?"_s, {kind}).RecordCount() > 0;
+}
+
+} // namespace
 
 void askForSchoolStarters() {
     auto& global = Global();
@@ -20,9 +28,7 @@ void askForSchoolStarters() {
 
 bool occupancyCanBeShown(const QString& kind) {
     MsgBox(u"Es werden nur die Klassen 'A bis D' dargestellt!"_s);
-    const DbSession session(u"Belegung lesen"_s);
-    const Recordset rs = Global().Conn.Open(u"SELECT * FROM Parameter WHERE Feld1 = ?"_s, {kind});
-    if (rs.RecordCount() > 0)
+    if (placesEntered(kind))
         return true;
     const QString menu = kind == u"ME"_s ? u"MENSA"_s : u"LERNZEIT"_s;
     MsgBox(u"Geben Sie zuerst unter BEARBEITEN -> "_s + menu

@@ -1,5 +1,7 @@
 #include "core/widgets/forms.h"
 
+#include "core/mdlAllgemein.h"
+
 #include <vector>
 
 namespace kolibri {
@@ -62,6 +64,12 @@ void unloadForms() {
         // Out of the list first: a form that is going away must not be found again.
         const auto form = std::move(knownForms().back().form);
         knownForms().pop_back();
+        try {
+            if (auto* window = dynamic_cast<FormWindow*>(form.get()))
+                window->Unload();
+        } catch (...) {
+            CloseDB();
+        }
     }
 }
 

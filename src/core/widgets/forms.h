@@ -18,6 +18,9 @@ public:
     /// Shows the form over the window that asked for it, which waits until the form goes away.
     void ShowOver(QWidget* opener);
 
+    /// Runs at the end of the program, before the form goes away; what goes wrong here is passed over.
+    virtual void Unload() {}
+
     /// The mode in which the form was opened; empty when it has only one.
     QString Tag;
 
@@ -36,7 +39,8 @@ private:
 /// Used by Form<T>() and at the end of the program.
 QWidget* registeredForm(std::type_index type);
 void registerForm(std::type_index type, std::unique_ptr<QWidget> form);
-/// Unloads all forms, one after the other, the newest first.
+/// Unloads all forms, one after the other, the newest first. Errors are passed over: none may keep the
+/// program from ending.
 void unloadForms();
 
 /// The one instance of a form, made at first use.

@@ -4,7 +4,6 @@
 #include "core/mdlAllgemein.h"
 
 #include <QApplication>
-#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -31,7 +30,7 @@ std::vector<BoxButton> buttonsOf(int code) {
     case 1:
         return {ok, {QMessageBox::Cancel, u"Abbrechen"_s, kAnswerCancel}};
     case 4:
-        return {{QMessageBox::Yes, u"Ja"_s, kAnswerYes}, {QMessageBox::No, u"Nein"_s, kAnswerNo}};
+        return {{QMessageBox::Yes, u"&Ja"_s, kAnswerYes}, {QMessageBox::No, u"&Nein"_s, kAnswerNo}};
     default:
         return {ok};
     }
@@ -50,16 +49,6 @@ QMessageBox::Icon iconOf(int code) {
     default:
         return QMessageBox::NoIcon;
     }
-}
-
-/// Qt's own translation may be missing on the machine; the office reads German all the same.
-void germanButtons(QDialogButtonBox* box) {
-    if (!box)
-        return;
-    if (auto* ok = box->button(QDialogButtonBox::Ok))
-        ok->setText(u"OK"_s);
-    if (auto* cancel = box->button(QDialogButtonBox::Cancel))
-        cancel->setText(u"Abbrechen"_s);
 }
 
 class QtMessages final : public MessageDoor {
@@ -121,18 +110,24 @@ public:
         QFileDialog dialog(QApplication::activeWindow(), title, start);
         dialog.setFileMode(QFileDialog::Directory);
         dialog.setOption(QFileDialog::ShowDirsOnly);
+        dialog.setLabelText(QFileDialog::FileName, u"Ordner:"_s);
         return chosen(dialog);
     }
 
     QString chooseFile(const QString& title, const QString& start, const QString& filter) override {
         QFileDialog dialog(QApplication::activeWindow(), title, start, filter);
         dialog.setFileMode(QFileDialog::ExistingFile);
+        dialog.setLabelText(QFileDialog::FileName, u"Dateiname:"_s);
         return chosen(dialog);
     }
 
 private:
     static QString chosen(QFileDialog& dialog) {
-        germanButtons(dialog.findChild<QDialogButtonBox*>());
+        // Qt's own translation may be missing on the machine; the office reads German all the same.
+        dialog.setLabelText(QFileDialog::LookIn, u"Suchen in:"_s);
+        dialog.setLabelText(QFileDialog::FileType, u"Dateityp:"_s);
+        dialog.setLabelText(QFileDialog::Accept, u"OK"_s);
+        dialog.setLabelText(QFileDialog::Reject, u"Abbrechen"_s);
         return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
     }
 };

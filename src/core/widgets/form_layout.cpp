@@ -1,0 +1,108 @@
+#include "core/widgets/form_layout.h"
+
+#include <QDialog>
+#include <QFormLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QSplitter>
+
+using namespace Qt::StringLiterals;
+
+namespace kolibri {
+
+QString indexedName(const QString& name, int index) {
+    return u"%1(%2)"_s.arg(name).arg(index);
+}
+
+FieldFrame::FieldFrame(const QString& caption) : QGroupBox(caption), m_lines(new QFormLayout(this)) {
+    m_lines->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    m_lines->setRowWrapPolicy(QFormLayout::DontWrapRows);
+}
+
+QLabel* FieldFrame::addLine(const QString& label, QWidget* input, const QString& hint) {
+    auto* caption = new QLabel(label);
+    caption->setBuddy(input);
+    auto* line = new QHBoxLayout;
+    line->addWidget(input);
+    if (!hint.isEmpty())
+        line->addWidget(new QLabel(hint));
+    if (input->sizePolicy().horizontalPolicy() == QSizePolicy::Fixed)
+        line->addStretch();
+    m_lines->addRow(caption, line);
+    return caption;
+}
+
+void FieldFrame::addButtons(const std::vector<QPushButton*>& buttons) {
+    auto* line = new QHBoxLayout;
+    for (auto* button : buttons)
+        line->addWidget(button);
+    line->addStretch();
+    m_lines->addRow(QString(), line);
+}
+
+void FieldFrame::addWide(QWidget* widget) {
+    m_lines->addRow(widget);
+}
+
+void FieldFrame::setLineVisible(QWidget* input, bool visible) {
+    for (int i = 0; i < m_lines->rowCount(); ++i) {
+        QLayoutItem* line = m_lines->itemAt(i, QFormLayout::FieldRole);
+        if (line && line->layout() && line->layout()->indexOf(input) >= 0)
+            m_lines->setRowVisible(i, visible);
+    }
+}
+
+QPushButton* formButton(const QString& name, const QString& caption) {
+    auto* button = new QPushButton(caption);
+    button->setObjectName(name);
+    return button;
+}
+
+QPushButton* leaveButton(QDialog& form, const QString& name, const QString& caption) {
+    QPushButton* leave = formButton(name, caption);
+    QObject::connect(leave, &QPushButton::clicked, &form, &QDialog::reject);
+    return leave;
+}
+
+void addButtonLine(QBoxLayout& column, const std::vector<QPushButton*>& buttons) {
+    auto* line = new QHBoxLayout;
+    line->addStretch();
+    for (auto* button : buttons)
+        line->addWidget(button);
+    column.addLayout(line);
+}
+
+QPushButton* addEditorButtons(QDialog& form, QBoxLayout& column) {
+    QPushButton* ok = formButton(u"cmdOK"_s, u"O K"_s);
+    ok->setDefault(true);
+    addButtonLine(column, {ok, leaveButton(form, u"cmdBeenden"_s, u"BEENDEN"_s)});
+    return ok;
+}
+
+QWidget* fieldColumn(const std::vector<QWidget*>& parts) {
+    auto* area = new QWidget;
+    auto* column = new QVBoxLayout(area);
+    column->setContentsMargins({});
+    for (auto* part : parts)
+        column->addWidget(part);
+    column->addStretch();
+    return area;
+}
+
+QSplitter* listBesideFields(QWidget* list, QWidget* fields) {
+    auto* splitter = new QSplitter(Qt::Horizontal);
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(list);
+    splitter->addWidget(fields);
+    splitter->setStretchFactor(0, 1);
+    splitter->setStretchFactor(1, 0);
+    return splitter;
+}
+
+void setFirstSize(QWidget& form, int lines) {
+    const QSize wanted(form.sizeHint().width(), lines * form.fontMetrics().lineSpacing());
+    form.resize(wanted.boundedTo(form.screen()->availableSize()));
+}
+
+} // namespace kolibri
