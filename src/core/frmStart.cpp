@@ -17,11 +17,15 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QStatusBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace kolibri {
+
+Q_LOGGING_CATEGORY(startLog, "kolibri.start", QtWarningMsg)
+
 namespace {
 
 /// An entry with entries below it is a menu.
@@ -124,6 +128,15 @@ void frmStart::run(const MenuTask& task) {
     (found == targets.end() ? targets.at(QString()) : found->second)(this, task);
 }
 
+bool frmStart::event(QEvent* event) {
+    if (event->type() == QEvent::Paint && !m_painted) {
+        m_painted = true;
+        // Once more through the event loop: then all parts have been painted and keys are taken.
+        QTimer::singleShot(0, this, [] { qCDebug(startLog, "Hauptfenster bereit"); });
+    }
+    return QMainWindow::event(event);
+}
+
 void frmStart::closeEvent(QCloseEvent* event) {
     event->accept();
     // Not quit(), which asks every window first and gives up when one refuses.
@@ -133,7 +146,9 @@ void frmStart::closeEvent(QCloseEvent* event) {
 int runProgram(const QString& programFolder) {
     int result = EXIT_FAILURE;
     try {
+        qCDebug(startLog, "Start");
         const StartState state = startUp(programFolder);
+        qCDebug(startLog, "Datenbank gelesen");
         auto& window = Form<frmStart>();
         window.setState(state);
         window.show();

@@ -2,6 +2,7 @@
 
 #include "core/startup.h"
 
+#include <QLoggingCategory>
 #include <QMainWindow>
 
 class QScrollArea;
@@ -9,6 +10,10 @@ class QScrollArea;
 namespace kolibri {
 
 struct MenuTask;
+
+/// Steps of the start, to find out where a slow one takes its time. Off unless asked for by
+/// QT_LOGGING_RULES="kolibri.start.debug=true".
+Q_DECLARE_LOGGING_CATEGORY(startLog)
 
 /// The main window: the menu tree and the eight large buttons. It holds no data; each entry opens a form in a
 /// mode or asks for a list.
@@ -20,6 +25,8 @@ public:
     void setState(StartState state);
 
 protected:
+    /// Notes in the log, where it is switched on, that the window stands on the screen for the first time.
+    bool event(QEvent* event) override;
     /// The end of the program, also by the menu.
     void closeEvent(QCloseEvent* event) override;
 
@@ -31,6 +38,7 @@ private:
     QSize startSize() const;
 
     QScrollArea* m_area = nullptr;
+    bool m_painted = false;
     QWidget* m_head = nullptr;
     QWidget* m_notice = nullptr;
 };

@@ -5,8 +5,6 @@
 
 #include <QIODevice>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace kolibri {
@@ -42,6 +40,10 @@ QByteArray withReferences(QStringView text) {
 
 } // namespace
 
+PageWriter::PageWriter(QIODevice& device) : m_device(device) {
+    m_buffer.reserve(kBufferSize);
+}
+
 void PageWriter::line(QStringView text) {
     append(text);
     endLine();
@@ -56,11 +58,21 @@ void PageWriter::line(std::initializer_list<QStringView> pieces) {
 void PageWriter::flush() {
     if (m_device.write(m_buffer) != m_buffer.size())
         throw RuntimeError::fileAccess(m_device.errorString());
-    m_buffer.clear();
+    m_buffer.resize(0);
 }
 
 void PageWriter::append(QStringView text) {
-    m_buffer += std::all_of(text.begin(), text.end(), isPlain) ? text.toLatin1() : withReferences(text);
+    const qsizetype begin = m_buffer.size();
+    m_buffer.resize(begin + text.size());
+    char* byte = m_buffer.data() + begin;
+    for (const QChar c : text) {
+        if (!isPlain(c)) {
+            m_buffer.resize(begin);
+            m_buffer += withReferences(text);
+            return;
+        }
+        *byte++ = static_cast<char>(c.unicode());
+    }
 }
 
 void PageWriter::endLine() {

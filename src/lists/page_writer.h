@@ -14,7 +14,7 @@ namespace kolibri {
 /// no name is lost. Nothing is escaped: what the office has written with markup reaches the page as markup.
 class PageWriter {
 public:
-    explicit PageWriter(QIODevice& device) : m_device(device) {}
+    explicit PageWriter(QIODevice& device);
     PageWriter(const PageWriter&) = delete;
     PageWriter& operator=(const PageWriter&) = delete;
 

@@ -36,6 +36,15 @@ CardColours cardColours(const QPalette& palette, bool enabled, bool hovered, boo
     return {base, blended(window, text, kEdge)};
 }
 
+/// Styles give disabled text so little contrast that one cannot read what it would be.
+QPalette readableWhenDisabled(QPalette palette) {
+    constexpr qreal kShare = 0.55;
+    palette.setColor(QPalette::Disabled, QPalette::WindowText,
+                     blended(palette.color(QPalette::Window),
+                             palette.color(QPalette::Active, QPalette::WindowText), kShare));
+    return palette;
+}
+
 } // namespace
 
 CardButton::CardButton(const QString& caption, const QString& symbol, QWidget* parent)
@@ -70,16 +79,17 @@ void CardButton::paintEvent(QPaintEvent*) {
     initStyleOption(&option);
     const bool hovered = option.state.testFlag(QStyle::State_MouseOver);
     const auto colours = cardColours(palette(), isEnabled(), hovered, isDown());
-    const QColor text = palette().color(QPalette::WindowText);
-    const QColor accent = isEnabled() ? accentColour(palette()) : text;
+    const QPalette colourOfWords = readableWhenDisabled(palette());
+    const QColor accent =
+        isEnabled() ? accentColour(colourOfWords) : colourOfWords.color(QPalette::WindowText);
 
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const qreal line = hasFocus() ? 2 : 1;
+    const qreal edge = hasFocus() ? 2 : 1;
     const qreal radius = margin() * 0.6;
-    painter.setPen(QPen(hasFocus() ? accent : colours.edge, line));
+    painter.setPen(QPen(hasFocus() ? accent : colours.edge, edge));
     painter.setBrush(colours.ground);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2), radius,
+    painter.drawRoundedRect(QRectF(rect()).adjusted(edge / 2, edge / 2, -edge / 2, -edge / 2), radius,
                             radius);
 
     const int size = symbolSize();
@@ -92,7 +102,8 @@ void CardButton::paintEvent(QPaintEvent*) {
     int flags = Qt::AlignVCenter | Qt::AlignLeading | Qt::TextShowMnemonic;
     if (!style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this))
         flags |= Qt::TextHideMnemonic;
-    style()->drawItemText(&painter, words, flags, palette(), isEnabled(), this->text(), QPalette::WindowText);
+    style()->drawItemText(&painter, words, flags, colourOfWords, isEnabled(), this->text(),
+                          QPalette::WindowText);
 }
 
 } // namespace kolibri
