@@ -37,20 +37,6 @@ int minutesOf(QStringView hours, QStringView minutes) {
     return h * 60 + m;
 }
 
-/// A date as the German short form writes it, one or two digits for day and month, two or four for the year.
-QDate germanDate(const QString& text) {
-    static const QRegularExpression form(u"^\\s*(\\d{1,2})\\.(\\d{1,2})\\.(\\d{2}|\\d{4})\\s*$"_s);
-    const auto match = form.match(text);
-    if (!match.hasMatch())
-        return {};
-    int year = match.captured(3).toInt();
-    constexpr int kFirstYearOfLastCentury = 30;
-    if (match.capturedLength(3) == 2)
-        year += year < kFirstYearOfLastCentury ? 2000 : 1900;
-    constexpr int kFirstYear = 100;
-    return year < kFirstYear ? QDate() : QDate(year, match.captured(2).toInt(), match.captured(1).toInt());
-}
-
 std::vector<std::function<void()>>& resetHooks() {
     static std::vector<std::function<void()>> hooks;
     return hooks;
@@ -157,9 +143,22 @@ int ZeitBisMinuten(const QString& text) {
                      view.sliced(colon + 1, std::min<qsizetype>(2, view.size() - colon - 1)));
 }
 
+QDate DeutschesDatum(const QString& text) {
+    static const QRegularExpression form(u"^\\s*(\\d{1,2})\\.(\\d{1,2})\\.(\\d{2}|\\d{4})\\s*$"_s);
+    const auto match = form.match(text);
+    if (!match.hasMatch())
+        return {};
+    int year = match.captured(3).toInt();
+    constexpr int kFirstYearOfLastCentury = 30;
+    if (match.capturedLength(3) == 2)
+        year += year < kFirstYearOfLastCentury ? 2000 : 1900;
+    constexpr int kFirstYear = 100;
+    return year < kFirstYear ? QDate() : QDate(year, match.captured(2).toInt(), match.captured(1).toInt());
+}
+
 bool DatumPruefen(const QString& text, const QString& format, bool zeigen) {
     constexpr int kExclamation = 48;
-    const QDate date = germanDate(text);
+    const QDate date = DeutschesDatum(text);
     const bool matches = date.isValid() && date.toString(QString(format).replace(u'm', u'M')) == text;
     if (!matches && zeigen)
         MsgBox(date.isValid() ? u"Datum entspricht nicht dem Format '"_s + format + u"'."_s

@@ -2,6 +2,7 @@
 
 #include "core/doors.h"
 
+#include <QDate>
 #include <QString>
 
 #include <functional>
@@ -63,6 +64,9 @@ int ZeitVonMinuten(const QString& text);
 /// @throws RuntimeError 13 as above, so for "8:05", where the character before the hour is missing
 int ZeitBisMinuten(const QString& text);
 
+/// A date as the German short form writes it, one or two digits for day and month, two or four for the year;
+/// an invalid one for a text that is none.
+QDate DeutschesDatum(const QString& text);
 /// True for a date of the calendar written exactly in the format ("dd.mm.yyyy"). A date in another form and a
 /// text that is no date are told in a box each, if asked for.
 bool DatumPruefen(const QString& text, const QString& format, bool zeigen);

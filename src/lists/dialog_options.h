@@ -39,10 +39,19 @@ struct DialogOptions {
     void clearCheckBoxes();
 };
 
-/// What the form frmWochenplan asks for, as far as the page of every list needs it.
+/// First entry of the box of grades of the Tagesplan.
+inline const QString kAlleSchulstufen = QStringLiteral("Alle");
+
+/// What the form frmWochenplan asks for. The page of every list looks at the chosen day.
 struct WochenplanOptions {
+    /// A class letter.
+    QString cmbKlasse;
     /// Text of cmbTag: a weekday code or a pair of them.
     QString cmbTag;
+    /// "2 Tage / Blatt".
+    bool chk2Tage = false;
+    /// A grade, or all of them.
+    QString cmbSchulstufe = kAlleSchulstufen;
 };
 
 /// Column of Stammdaten that a word of cmbSortieren stands for; empty for a word that is none.

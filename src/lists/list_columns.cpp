@@ -3,6 +3,7 @@
 #include "core/mdlGlobal.h"
 #include "core/runtime_error.h"
 #include "lists/column_builder.h"
+#include "lists/dayplan/day_plan.h"
 #include "lists/list_numbers.h"
 #include "lists/list_state.h"
 #include "lists/page_geometry.h"
@@ -91,6 +92,7 @@ std::vector<ColumnSet> makeColumnSets() {
                   {u"TAG"_s, 3, kMitte},
                   {u"U-ENDE"_s, 9, kMitte, u"U"_s}},
                  each(groups, 9)})},
+        {{kTagesplan}, {}, buildDayPlanColumns},
         // The Lernzeit reports have the Mensa's word, too: their writers put their own over the column.
         {{kMensaGesamt, kMensaJeKlasse, kLernzeitGesamt, kLernzeitJeKlasse},
          joined({{{u"MENSA-ZEIT"_s, 30, kMitte}},

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "core/doors.h"
+#include "lists/care/care_options.h"
+#include "lists/care/mensa_pupils.h"
 #include "lists/cell_table.h"
 #include "lists/dialog_options.h"
+#include "lists/groups/group_options.h"
 #include "lists/page_values.h"
 
 #include <QDate>
@@ -60,12 +63,17 @@ struct ListState {
     std::vector<int> BeitragNummern;
     /// Sums of the seven fees, in ten-thousandths.
     std::array<qint64, kBeitraege> BeitragSummen{};
+    /// Number of pupils of an Arbeitsgruppe.
+    int AnzahlAG = 0;
     /// The day on which the list was asked for.
     QDate ListenDatum;
 
     /// What the option forms say.
     DialogOptions Dialog;
     WochenplanOptions Wochenplan;
+    CareOptions MensaLernzeit;
+    GroupOptions Arbeitsgruppe;
+    MensaPupilOptions MensaSchueler;
     /// The pupil whose master data sheet is asked for, and the heading of that sheet.
     qint64 BlattSchuelerID = 0;
     QString BlattTitel;

@@ -3,7 +3,11 @@
 #include "core/doors.h"
 #include "core/mdlGlobal.h"
 #include "core/runtime_error.h"
+#include "lists/care/care_list.h"
+#include "lists/care/mensa_pupils.h"
 #include "lists/class_times_list.h"
+#include "lists/dayplan/day_plan.h"
+#include "lists/groups/group_list.h"
 #include "lists/list_columns.h"
 #include "lists/list_numbers.h"
 #include "lists/list_state.h"
@@ -21,6 +25,13 @@ const std::vector<ListEntry>& listTable() {
     constexpr bool kClearsOptions = true;
     static const std::vector<ListEntry> table{
         {kUnterrichtszeiten, BeforeWindow, Unterrichtszeiten_Sammeln, Schuelerliste_Schreiben},
+        {kListeMensa, BeforeWindow, MensaLernzeit_Sammeln, MensaLernzeit_Schreiben},
+        {kListeLernzeit, BeforeWindow, MensaLernzeit_Sammeln, MensaLernzeit_Schreiben},
+        {kListeArbeitsgruppe, BeforeWindow, Arbeitsgruppe_Sammeln, Arbeitsgruppe_Schreiben},
+        {kTagesplan, BeforeWindowStoreInPage, Tagesplan_Sammeln, Tagesplan_Schreiben},
+        {kMensaJeSchueler, InPage, MensaJeSchueler_Sammeln, MensaSchueler_Schreiben},
+        {kMensaWoche, InPage, MensaWoche_Sammeln, MensaSchueler_Schreiben},
+        {kMensaTag, InPage, MensaTag_Sammeln, MensaSchueler_Schreiben},
         {kStammdatenBlatt, BeforeWindow, StammdatenBlatt_Sammeln, StammdatenBlatt_Schreiben},
         {kBausteine, BeforeWindow, Bausteine_Sammeln, Bausteine_Schreiben},
         {kSchulanfaenger, BeforeWindow, Schulanfaenger_Sammeln, Schuelerliste_Schreiben},

@@ -36,6 +36,12 @@ void endBody(PageWriter& page) {
     page.line(u"</HTML>");
 }
 
+void writeTextBlock(PageWriter& page, QStringView divClass, QStringView text) {
+    page.line({u"<div class='", divClass, u"'>"});
+    page.line(text);
+    page.line(u"</div>");
+}
+
 void beginTable(PageWriter& page, QStringView tableClass) {
     page.line({uR"(<TABLE class=")", tableClass, uR"(">)"});
 }

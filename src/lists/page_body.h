@@ -22,6 +22,9 @@ void beginBoxTable(PageWriter& page);
 /// Closes box_table, body and page.
 void endBody(PageWriter& page);
 
+/// A block of text of this class: "<div class='...'>", the text, "</div>".
+void writeTextBlock(PageWriter& page, QStringView divClass, QStringView text);
+
 void beginTable(PageWriter& page, QStringView tableClass);
 void endTable(PageWriter& page);
 

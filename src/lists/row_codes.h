@@ -12,6 +12,14 @@ inline const QString kCodeFortsetzung = QStringLiteral("2");
 inline const QString kCodeKontaktErster = QStringLiteral("111");
 inline const QString kCodeKontaktMitte = QStringLiteral("113");
 inline const QString kCodeKontaktLetzter = QStringLiteral("112");
+/// Beginning of a table, its sums, and its end.
+inline const QString kCodeTabelle = QStringLiteral("21");
+inline const QString kCodeSumme = QStringLiteral("22");
+inline const QString kCodeTabelleEnde = QStringLiteral("29");
+/// Beginning of a table behind which the sheet does not end.
+inline const QString kCodeTabelleOhneUmbruch = QStringLiteral("23");
+/// A pupil with whom a new sheet begins.
+inline const QString kCodeNeuesBlatt = QStringLiteral("91");
 
 /// True for a code that a writer acts on.
 inline bool isRowCode(const QString& code) {
