@@ -142,8 +142,8 @@ QString textOf(sqlite3_stmt* statement, int column, Encoding encoding) {
     // The text is asked for before its length, so that the length is that of the same encoding.
     if (encoding == Encoding::OfQt) {
         const void* text = sqlite3_column_text16(statement, column);
-        return {static_cast<const QChar*>(text),
-                sqlite3_column_bytes16(statement, column) / qsizetype{sizeof(QChar)}};
+        return QString(static_cast<const QChar*>(text),
+                       sqlite3_column_bytes16(statement, column) / qsizetype{sizeof(QChar)});
     }
     const void* text = sqlite3_column_text(statement, column);
     return QString::fromUtf8(static_cast<const char*>(text), sqlite3_column_bytes(statement, column));
