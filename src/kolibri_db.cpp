@@ -7,6 +7,7 @@
 #include "maintenance/jet_takeover.h"
 #include "maintenance/new_database.h"
 #include "maintenance/sample_school.h"
+#include "maintenance/spreadsheet.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -108,6 +109,11 @@ QString readJet(const Request& request) {
     return {};
 }
 
+QString readTable(const Request& request) {
+    serveSpreadsheetReading(request.path(0));
+    return {};
+}
+
 const std::vector<Verb>& verbs() {
     static const std::vector<Verb> table{
         {u"neu"_s, {u"ORDNER"_s}, {}, u"legt eine leere Datenbank an"_s, makeNew},
@@ -121,7 +127,8 @@ const std::vector<Verb>& verbs() {
          {},
          u"übernimmt die Datenbank einer älteren Programmversion"_s,
          takeOverFile},
-        {kReadJetVerb, {u"DATEI"_s, u"NEUE_DATEI"_s}, {}, {}, readJet}};
+        {kReadJetVerb, {u"DATEI"_s, u"NEUE_DATEI"_s}, {}, {}, readJet},
+        {kReadSpreadsheetVerb, {u"DATEI"_s}, {}, {}, readTable}};
     return table;
 }
 

@@ -15,12 +15,16 @@
 #include "core/startup.h"
 #include "core/widgets/forms.h"
 #include "maintenance/backup.h"
+#include "maintenance/excel_import.h"
+#include "maintenance/frmExcelDaten.h"
+#include "maintenance/frmExcelInfo.h"
 #include "maintenance/jet_takeover.h"
 #include "maintenance/mdlVers111.h"
 #include "maintenance/new_database.h"
 #include "maintenance/restore.h"
 #include "maintenance/sample_school.h"
 #include "maintenance/school_year.h"
+#include "maintenance/tool_process.h"
 #include "maintenance/upgrade.h"
 
 #include <QDir>
@@ -102,6 +106,15 @@ template <class T> void open(QWidget* window, const MenuTask& task) {
     form.ShowOver(window);
 }
 
+void excelImport(QWidget* window, const MenuTask&) {
+    const auto sheet = ExcelDateiOeffnen(toolPath());
+    if (!sheet)
+        return;
+    auto& form = Form<frmExcelDaten>();
+    form.SetSheet(*sheet);
+    form.ShowOver(window);
+}
+
 } // namespace
 
 StartSteps startSteps() {
@@ -119,11 +132,13 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"Info"_s, info},
         {u"Datensicherung"_s, command<DatensicherungErstellen>},
         {u"DatenWiederherstellen"_s, command<DatenWiederherstellen>},
+        {u"ExcelImport"_s, excelImport},
         {u"WechselSchuljahr"_s, command<WechselSchuljahr>},
         {u"DatenbankAktualisieren"_s, command<DatenbankAktualisieren>},
         {u"NeueDatenbank"_s, newDatabase},
         {u"Beispielschule"_s, sampleSchool},
         {u"frmBaustein"_s, open<frmBaustein>},
+        {u"frmExcelInfo"_s, open<frmExcelInfo>},
         {u"frmKlassenNeuLöschen"_s, open<frmKlassenNeuLöschen>},
         {u"frmME_LZ_AG"_s, open<frmME_LZ_AG>},
         {u"frmStundenplan"_s, open<frmStundenplan>},

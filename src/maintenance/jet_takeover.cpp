@@ -7,6 +7,7 @@
 #include "maintenance/jet_header.h"
 #include "maintenance/jet_process.h"
 #include "maintenance/mdlVers111.h"
+#include "maintenance/tool_process.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
