@@ -16,6 +16,7 @@
 #include "core/widgets/forms.h"
 #include "maintenance/new_database.h"
 #include "maintenance/sample_school.h"
+#include "students/frmSchuelerIn.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -104,6 +105,7 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"frmBaustein"_s, open<frmBaustein>},
         {u"frmKlassenNeuLöschen"_s, open<frmKlassenNeuLöschen>},
         {u"frmME_LZ_AG"_s, open<frmME_LZ_AG>},
+        {u"frmSchülerIn"_s, open<frmSchülerIn>},
         {u"frmStundenplan"_s, open<frmStundenplan>},
         {u"frmUnterrichtseinheiten"_s, open<frmUnterrichtseinheiten>},
         {u"frmUnterrichtszeiten"_s, open<frmUnterrichtszeiten>},

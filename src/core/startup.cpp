@@ -77,17 +77,6 @@ void readAdditionalFields() {
                 *state = rs.Number(u"SchülerZusatz") == 1;
 }
 
-void readContactLabels() {
-    auto& global = Global();
-    Recordset rs =
-        global.Conn.Open(u"SELECT Nummer, Bezeichnung FROM Einstellungen WHERE Feld = ?"_s, {u"Kontakt"_s});
-    for (; !rs.Eof(); rs.MoveNext()) {
-        const qint64 number = rs.Number(u"Nummer");
-        if (number >= 0 && number < kContactFields)
-            global.KontaktBezeichnung[static_cast<std::size_t>(number)] = rs.Text(u"Bezeichnung");
-    }
-}
-
 void readNameFormats() {
     auto& global = Global();
     const std::array<QString, kNameFormats> rows{u"Name_Liste_ME_LZ"_s, u"Name_Liste_AG"_s,
@@ -110,6 +99,17 @@ void readOverlapSwitch() {
 
 } // namespace
 
+void KontaktBezeichnungenLesen() {
+    auto& global = Global();
+    Recordset rs =
+        global.Conn.Open(u"SELECT Nummer, Bezeichnung FROM Einstellungen WHERE Feld = ?"_s, {u"Kontakt"_s});
+    for (; !rs.Eof(); rs.MoveNext()) {
+        const qint64 number = rs.Number(u"Nummer");
+        if (number >= 0 && number < kContactFields)
+            global.KontaktBezeichnung[static_cast<std::size_t>(number)] = rs.Text(u"Bezeichnung");
+    }
+}
+
 StartState startUp(const QString& programFolder) {
     constexpr int kPlain = 0;
     auto& global = Global();
@@ -130,7 +130,7 @@ StartState startUp(const QString& programFolder) {
         readAddress();
         KlassenListenLaden();
         readAdditionalFields();
-        readContactLabels();
+        KontaktBezeichnungenLesen();
         readNameFormats();
         readOverlapSwitch();
     }

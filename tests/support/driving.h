@@ -55,7 +55,9 @@ inline void press(const QWidget& form, const QString& button = QStringLiteral("c
 inline void clickRow(ListView& list, int row) {
     QTreeWidgetItem* item = list.topLevelItem(row - 1);
     list.scrollToItem(item);
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(item).center());
+    // A row is wider than what is to be seen of it.
+    const QRect visible = list.visualItemRect(item).intersected(list.viewport()->rect());
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, visible.center());
 }
 
 inline void clickEntry(QListWidget& list, const QString& text) {
