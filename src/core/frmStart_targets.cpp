@@ -26,6 +26,7 @@
 #include "maintenance/school_year.h"
 #include "maintenance/tool_process.h"
 #include "maintenance/upgrade.h"
+#include "students/frmSchuelerIn.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -141,6 +142,7 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"frmExcelInfo"_s, open<frmExcelInfo>},
         {u"frmKlassenNeuLöschen"_s, open<frmKlassenNeuLöschen>},
         {u"frmME_LZ_AG"_s, open<frmME_LZ_AG>},
+        {u"frmSchülerIn"_s, open<frmSchülerIn>},
         {u"frmStundenplan"_s, open<frmStundenplan>},
         {u"frmUnterrichtseinheiten"_s, open<frmUnterrichtseinheiten>},
         {u"frmUnterrichtszeiten"_s, open<frmUnterrichtszeiten>},

@@ -110,9 +110,9 @@ QString toHtml(const RichText& text) {
     return html;
 }
 
-void fillDocument(QTextDocument& document, const RichText& text) {
-    document.clear();
-    QTextCursor cursor(&document);
+void insertRichText(QTextCursor& cursor, const RichText& text) {
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
     for (const auto& [content, style] : text.runs()) {
         QTextCharFormat format;
         format.setFontWeight(style.bold ? QFont::Bold : QFont::Normal);
@@ -120,6 +120,14 @@ void fillDocument(QTextDocument& document, const RichText& text) {
         format.setFontUnderline(style.underline);
         cursor.insertText(content, format);
     }
+    cursor.endEditBlock();
+}
+
+void fillDocument(QTextDocument& document, const RichText& text) {
+    document.clear();
+    QTextCursor cursor(&document);
+    insertRichText(cursor, text);
+    document.clearUndoRedoStacks();
 }
 
 RichText richTextFrom(const QTextDocument& document) {

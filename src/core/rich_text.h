@@ -4,6 +4,7 @@
 
 #include <vector>
 
+class QTextCursor;
 class QTextDocument;
 
 namespace kolibri {
@@ -68,6 +69,8 @@ QString toRtf(const RichText& text);
 /// The text for a page: <b>, <i>, <u> and <br />, everything else escaped.
 QString toHtml(const RichText& text);
 
+/// Puts the text in the place of what is selected.
+void insertRichText(QTextCursor& cursor, const RichText& text);
 /// Puts the text into the document of a text box, and takes it from there.
 void fillDocument(QTextDocument& document, const RichText& text);
 RichText richTextFrom(const QTextDocument& document);

@@ -77,17 +77,6 @@ void readAdditionalFields() {
                 *state = rs.Number(u"SchülerZusatz") == 1;
 }
 
-void readContactLabels() {
-    auto& global = Global();
-    Recordset rs =
-        global.Conn.Open(u"SELECT Nummer, Bezeichnung FROM Einstellungen WHERE Feld = ?"_s, {u"Kontakt"_s});
-    for (; !rs.Eof(); rs.MoveNext()) {
-        const qint64 number = rs.Number(u"Nummer");
-        if (number >= 0 && number < kContactFields)
-            global.KontaktBezeichnung[static_cast<std::size_t>(number)] = rs.Text(u"Bezeichnung");
-    }
-}
-
 void readNameFormats() {
     auto& global = Global();
     const std::array<QString, kNameFormats> rows{u"Name_Liste_ME_LZ"_s, u"Name_Liste_AG"_s,
@@ -109,6 +98,17 @@ void readOverlapSwitch() {
 }
 
 } // namespace
+
+void KontaktBezeichnungenLesen() {
+    auto& global = Global();
+    Recordset rs =
+        global.Conn.Open(u"SELECT Nummer, Bezeichnung FROM Einstellungen WHERE Feld = ?"_s, {u"Kontakt"_s});
+    for (; !rs.Eof(); rs.MoveNext()) {
+        const qint64 number = rs.Number(u"Nummer");
+        if (number >= 0 && number < kContactFields)
+            global.KontaktBezeichnung[static_cast<std::size_t>(number)] = rs.Text(u"Bezeichnung");
+    }
+}
 
 StartState startUp(const QString& programFolder, const StartSteps& steps) {
     constexpr int kPlain = 0;
@@ -137,7 +137,7 @@ StartState startUp(const QString& programFolder, const StartSteps& steps) {
         const DbSession session(u"Programmstart"_s);
         KlassenListenLaden();
         readAdditionalFields();
-        readContactLabels();
+        KontaktBezeichnungenLesen();
         readNameFormats();
         readOverlapSwitch();
     }

@@ -29,6 +29,9 @@ struct StartSteps {
 /// @throws RuntimeError, StoreError for everything but a missing database
 StartState startUp(const QString& programFolder, const StartSteps& steps = {});
 
+/// Reads what the school calls the ten contact fields into the shared state; the database is open.
+void KontaktBezeichnungenLesen();
+
 /// "Version   1.2.0"
 QString versionLine();
 
