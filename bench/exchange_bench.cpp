@@ -59,24 +59,24 @@ Figures measureSchool(const QString& folder) {
     const QString file = folder + u"/Sicherung.txt"_s;
     Figures figures;
     figures.rows = static_cast<double>(rowsOfSchool());
-    figures.backup = medianMilliseconds(kRounds, [&] {
-        const DbSession session(u"Datensicherung"_s);
-        writeBackup(global.Conn, file);
-    });
+    figures.backup = timed(kRounds, [&] {
+                         const DbSession session(u"Datensicherung"_s);
+                         writeBackup(global.Conn, file);
+                     }).median;
     figures.size = contentOf(file).size();
     const qint64 before = global.Conn.StatementCount();
-    figures.restore = medianMilliseconds(kRounds, [&] {
-        const QString text = fromTextFile(contentOf(file));
-        const DbSession session(u"Daten wiederherstellen"_s);
-        Progress progress({}, text.size());
-        withSafetyCopy(global.Conn, [&] { restoreText(global.Conn, text, progress); });
-    });
+    figures.restore = timed(kRounds, [&] {
+                          const QString text = fromTextFile(contentOf(file));
+                          const DbSession session(u"Daten wiederherstellen"_s);
+                          Progress progress({}, text.size());
+                          withSafetyCopy(global.Conn, [&] { restoreText(global.Conn, text, progress); });
+                      }).median;
     figures.statements = (global.Conn.StatementCount() - before) / kRounds;
-    figures.year = medianMilliseconds(1, [&] {
-        constexpr int kHighest = 4;
-        const DbSession session(u"Wechsel Schuljahr"_s);
-        withSafetyCopy(global.Conn, [&] { changeSchoolYear(global.Conn, kHighest); });
-    });
+    figures.year = timed(1, [&] {
+                       constexpr int kHighest = 4;
+                       const DbSession session(u"Wechsel Schuljahr"_s);
+                       withSafetyCopy(global.Conn, [&] { changeSchoolYear(global.Conn, kHighest); });
+                   }).median;
     return figures;
 }
 
@@ -118,10 +118,11 @@ void measureTakeover(const QTemporaryDir& scratch, const QStringList& arguments)
         if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
             return;
         file.close();
-        total += medianMilliseconds(1, [&] {
-            takeOver(DatenbankDatei(folder), folder,
-                     {.tool = QStringLiteral(KOLIBRI_BIN_DIR) + u"/kolibri-db"_s, .protocolFolder = folder});
-        });
+        total += timed(1, [&] {
+                     takeOver(DatenbankDatei(folder), folder,
+                              {.tool = QStringLiteral(KOLIBRI_BIN_DIR) + u"/kolibri-db"_s,
+                               .protocolFolder = folder});
+                 }).median;
     }
     table.add(
         {u"%1 MB"_s.arg(static_cast<double>(content.size()) / 1e6, 0, 'f', 1), figure(total / kRounds, 0)});

@@ -40,13 +40,15 @@ void chooseEverything(DialogOptions& options) {
 }
 
 double produceTime(const BenchList& list) {
-    return medianMilliseconds(kRounds, [&] {
-        Liste().Dialog = {};
-        if (list.allOptions)
-            chooseEverything(Liste().Dialog);
-        prepareList(list.listenArt);
-        producePage();
-    });
+    return timed(kRounds,
+                 [&] {
+                     Liste().Dialog = {};
+                     if (list.allOptions)
+                         chooseEverything(Liste().Dialog);
+                     prepareList(list.listenArt);
+                     producePage();
+                 })
+        .median;
 }
 
 /// The rows of the list as a table of a file of their own.
@@ -78,12 +80,14 @@ QString tableOfRows(const QString& folder) {
 
 double shellTime(const QString& shell, const QString& folder) {
     const QString file = tableOfRows(folder);
-    return medianMilliseconds(kRounds, [&] {
-        QProcess process;
-        process.setStandardOutputFile(folder + u"/rows.html"_s);
-        process.start(shell, {u"-html"_s, u"-header"_s, file, u"SELECT * FROM Liste"_s});
-        process.waitForFinished();
-    });
+    return timed(kRounds,
+                 [&] {
+                     QProcess process;
+                     process.setStandardOutputFile(folder + u"/rows.html"_s);
+                     process.start(shell, {u"-html"_s, u"-header"_s, file, u"SELECT * FROM Liste"_s});
+                     process.waitForFinished();
+                 })
+        .median;
 }
 
 /// Time and rows of a list in the school before, for the growth.
