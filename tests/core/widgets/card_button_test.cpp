@@ -1,3 +1,4 @@
+#include "core/menu_table.h"
 #include "core/widgets/application.h"
 #include "core/widgets/card_button.h"
 #include "core/widgets/symbol.h"
@@ -29,7 +30,8 @@ class CardButtonTest : public kolibri::test::TestBase {
 
 private Q_SLOTS:
     void everySymbolIsDrawnInTheColourAskedFor() {
-        QCOMPARE(symbols().size(), 8);
+        for (const auto& large : largeButtons())
+            QVERIFY2(symbols().contains(large.symbol + u".svg"_s), qPrintable(large.name));
         for (const auto& file : symbols()) {
             const QImage image = symbolPixmap(QFileInfo(file).baseName(), 48, Qt::red, 1).toImage();
             QCOMPARE(image.size(), QSize(48, 48));
