@@ -93,6 +93,22 @@ private:
     PaperOrientation m_orientation = PaperOrientation::Upright;
 };
 
+/// The window that shows the page of the list in production.
+class PageDoor {
+public:
+    virtual ~PageDoor() = default;
+    /// Writes the page anew and shows it; returns when the user has closed the window.
+    virtual void show() = 0;
+};
+
+/// The desktop, which opens a file with whatever program the office uses for its kind.
+class DesktopDoor {
+public:
+    virtual ~DesktopDoor() = default;
+    /// False when the desktop knows no program for this file.
+    virtual bool open(const QString& file) = 0;
+};
+
 /// What reaches outside the program. The real doors are put in at start; a test puts in its own.
 struct Doors {
     std::unique_ptr<MessageDoor> messages;
@@ -101,6 +117,8 @@ struct Doors {
     std::unique_ptr<ClockDoor> clock;
     std::unique_ptr<ProgressDoor> progress;
     std::unique_ptr<PrinterDoor> printer = std::make_unique<A4Paper>();
+    std::unique_ptr<PageDoor> page;
+    std::unique_ptr<DesktopDoor> desktop;
 };
 
 /// The doors in use.

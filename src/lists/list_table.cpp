@@ -64,4 +64,9 @@ void prepareList(quint8 listenArt) {
         entry.gather();
 }
 
+void showList(quint8 listenArt) {
+    prepareList(listenArt);
+    doors().page->show();
+}
+
 } // namespace kolibri

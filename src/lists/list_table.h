@@ -37,4 +37,8 @@ const ListEntry& findList(quint8 listenArt);
 /// @throws RuntimeError, StoreError
 void prepareList(quint8 listenArt);
 
+/// Prepares a list and shows its page until the user closes the window.
+/// @throws RuntimeError, StoreError
+void showList(quint8 listenArt);
+
 } // namespace kolibri

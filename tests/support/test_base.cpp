@@ -4,6 +4,7 @@
 #include "core/mdlGlobal.h"
 #include "core/widgets/forms.h"
 #include "lists/list_state.h"
+#include "lists/page_production.h"
 #include "maintenance/new_database.h"
 #include "maintenance/sample_school.h"
 
@@ -121,6 +122,32 @@ private:
     RecordedDoors& m_record;
 };
 
+class TestPage final : public PageDoor {
+public:
+    explicit TestPage(RecordedDoors& record) : m_record(record) {}
+
+    void show() override {
+        producePage();
+        m_record.m_pages.push_back(Global().ListenArt);
+    }
+
+private:
+    RecordedDoors& m_record;
+};
+
+class TestDesktop final : public DesktopDoor {
+public:
+    explicit TestDesktop(RecordedDoors& record) : m_record(record) {}
+
+    bool open(const QString& file) override {
+        m_record.m_openedFiles << file;
+        return m_record.m_desktopOpens;
+    }
+
+private:
+    RecordedDoors& m_record;
+};
+
 void RecordedDoors::expect(const QString& text, MessageAnswer answer) {
     m_expected.push_back({text, true, answer});
 }
@@ -142,6 +169,8 @@ void RecordedDoors::install() {
     doors().files = std::make_unique<TestFiles>(*this);
     doors().clock = std::make_unique<TestClock>(*this);
     doors().printer = std::make_unique<TestPrinter>(*this);
+    doors().page = std::make_unique<TestPage>(*this);
+    doors().desktop = std::make_unique<TestDesktop>(*this);
 }
 
 TestBase::TestBase() {

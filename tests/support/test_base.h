@@ -35,6 +35,11 @@ public:
     const QStringList& dialogs() const { return m_dialogs; }
     /// Orientations that the printer was told, in order.
     const std::vector<PaperOrientation>& orientations() const { return m_orientations; }
+    /// Numbers of the lists whose page was shown, in order. A shown page is written as the window does it.
+    const std::vector<quint8>& pages() const { return m_pages; }
+    /// Files that were to be opened by the desktop, in order; it knows a program for them unless told not to.
+    const QStringList& openedFiles() const { return m_openedFiles; }
+    void setDesktopOpens(bool opens) { m_desktopOpens = opens; }
     /// What was expected and did not happen, and what happened unexpectedly; empty when all went as
     /// announced.
     QStringList complaints() const;
@@ -48,6 +53,8 @@ private:
     friend class TestFiles;
     friend class TestClock;
     friend class TestPrinter;
+    friend class TestPage;
+    friend class TestDesktop;
 
     struct Expectation {
         QString text;
@@ -63,6 +70,9 @@ private:
     QStringList m_unexpected;
     std::optional<PaperMeasures> m_paper;
     std::vector<PaperOrientation> m_orientations;
+    std::vector<quint8> m_pages;
+    QStringList m_openedFiles;
+    bool m_desktopOpens = true;
     QDateTime m_now = QDateTime(QDate(2026, 11, 20), QTime(9, 30));
 };
 

@@ -4,12 +4,14 @@
 #include "core/mdlAllgemein.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -166,6 +168,11 @@ private:
     QElapsedTimer m_running;
 };
 
+class QtDesktop final : public DesktopDoor {
+public:
+    bool open(const QString& file) override { return QDesktopServices::openUrl(QUrl::fromLocalFile(file)); }
+};
+
 } // namespace
 
 void openQtDoors() {
@@ -174,6 +181,7 @@ void openQtDoors() {
     doors().files = std::make_unique<QtFiles>();
     doors().clock = std::make_unique<SystemClock>();
     doors().progress = std::make_unique<QtProgress>();
+    doors().desktop = std::make_unique<QtDesktop>();
 }
 
 } // namespace kolibri
