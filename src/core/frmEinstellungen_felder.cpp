@@ -58,10 +58,9 @@ template <class Array, class Make> void fill(Array& controls, Make make) {
 
 /// A frame of as many lines as there are contact fields. Two of them side by side have their lines in line,
 /// whatever stands in them.
-template <class Control> QWidget* kontaktRahmen(const QString& caption, const Control& controls) {
+template <class Controls> QWidget* kontaktRahmen(const QString& caption, const Controls& controls, int line) {
     auto* frame = new QGroupBox(caption);
     auto* grid = new QGridLayout(frame);
-    const int line = qMax(QComboBox().sizeHint().height(), EntryBox(QString()).sizeHint().height());
     for (int i = 0; i < kContactFields; ++i) {
         grid->addWidget(controls[static_cast<std::size_t>(i)], i, 0);
         grid->setRowMinimumHeight(i, line);
@@ -189,11 +188,11 @@ QWidget* EinstellungenFelder::rahmenZusatz() {
 }
 
 QWidget* EinstellungenFelder::rahmenKontakte() {
-    return kontaktRahmen(u"KONTAKT BEZEICHNUNG"_s, txtKontakt);
+    return kontaktRahmen(u"KONTAKT BEZEICHNUNG"_s, txtKontakt, cmbKategorie.front()->sizeHint().height());
 }
 
 QWidget* EinstellungenFelder::rahmenKategorie() {
-    return kontaktRahmen(u"KATEGORIE"_s, cmbKategorie);
+    return kontaktRahmen(u"KATEGORIE"_s, cmbKategorie, cmbKategorie.front()->sizeHint().height());
 }
 
 QWidget* EinstellungenFelder::rahmenApostroph() {
