@@ -6,6 +6,7 @@
 #include "calendar/frmStundenplan.h"
 #include "calendar/frmUnterrichtseinheiten.h"
 #include "calendar/frmUnterrichtszeiten.h"
+#include "core/frmEinstellungen.h"
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
 #include "core/menu_table.h"
@@ -151,6 +152,7 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"NeueDatenbank"_s, newDatabase},
         {u"Beispielschule"_s, sampleSchool},
         {u"frmBaustein"_s, open<frmBaustein>},
+        {u"frmEinstellungen"_s, open<frmEinstellungen>},
         {u"frmExcelInfo"_s, open<frmExcelInfo>},
         {u"frmKlassenNeuLöschen"_s, open<frmKlassenNeuLöschen>},
         {u"frmME_LZ_AG"_s, open<frmME_LZ_AG>},
