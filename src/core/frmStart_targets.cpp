@@ -17,6 +17,7 @@
 #include "core/widgets/forms.h"
 #include "lists/frmDialog.h"
 #include "lists/list_numbers.h"
+#include "lists/list_state.h"
 #include "lists/list_table.h"
 #include "maintenance/backup.h"
 #include "maintenance/excel_import.h"
@@ -31,6 +32,7 @@
 #include "maintenance/tool_process.h"
 #include "maintenance/upgrade.h"
 #include "students/frmSchuelerIn.h"
+#include "students/frmWP_Notizen.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -116,6 +118,17 @@ template <class T> void open(QWidget* window, const MenuTask& task) {
     form.ShowOver(window);
 }
 
+/// Shows the sheet of the pupil selected on the pupil form.
+void printPupil() {
+    Liste().BlattSchuelerID = Global().AktuelleSchuelerID;
+    showList(kStammdatenBlatt);
+}
+
+void pupilForm(QWidget* window, const MenuTask& task) {
+    schuelerFormZiele().drucken = printPupil;
+    open<frmSchülerIn>(window, task);
+}
+
 void excelImport(QWidget* window, const MenuTask&) {
     const auto sheet = ExcelDateiOeffnen(toolPath());
     if (!sheet)
@@ -156,10 +169,11 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"frmExcelInfo"_s, open<frmExcelInfo>},
         {u"frmKlassenNeuLöschen"_s, open<frmKlassenNeuLöschen>},
         {u"frmME_LZ_AG"_s, open<frmME_LZ_AG>},
-        {u"frmSchülerIn"_s, open<frmSchülerIn>},
+        {u"frmSchülerIn"_s, pupilForm},
         {u"frmStundenplan"_s, open<frmStundenplan>},
         {u"frmUnterrichtseinheiten"_s, open<frmUnterrichtseinheiten>},
         {u"frmUnterrichtszeiten"_s, open<frmUnterrichtszeiten>},
+        {u"frmWP_Notizen"_s, open<frmWP_Notizen>},
         {QString(), [](QWidget*, const MenuTask&) { notYetThere(); }},
     };
     return targets;

@@ -4,10 +4,12 @@
 #include "core/widgets/forms.h"
 #include "lists/list_numbers.h"
 #include "lists/list_state.h"
+#include "students/frmSchuelerIn.h"
+#include "support/driving.h"
+#include "support/expected_page.h"
 #include "support/test_base.h"
 
 #include <QAction>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 using namespace kolibri;
@@ -35,6 +37,7 @@ private Q_SLOTS:
                 u"Unterrichtseinheit "_s + word);
         for (const auto& action : {u"Neu"_s, u"Korrektur"_s, u"Löschen"_s}) {
             row(u"mnuBaustein"_s + action, u"frmBaustein"_s, action, u"BAUSTEIN"_s);
+            row(u"mnuWP_Notizen_"_s + action, u"frmWP_Notizen"_s, action, u"Tagesplan Notizen"_s);
             const auto offering = [&](const QString& entry, const QString& kind) {
                 row(entry + action, u"frmME_LZ_AG"_s, kind + action,
                     kind.toUpper() + u' ' + action.toUpper());
@@ -96,6 +99,22 @@ private Q_SLOTS:
         QCOMPARE(QApplication::activeModalWidget()->objectName(), u"frmDialog"_s);
         QCOMPARE(int{Global().ListenArt}, list);
         QVERIFY(doorsOfTest.pages().empty());
+    }
+
+    void thePrinterOfThePupilFormShowsTheSheetOfThePupil() {
+        useSampleSchool();
+        auto& start = Form<frmStart>();
+        start.setState(StartState::Ready);
+        start.findChild<QAction*>(u"mnuSchülerIn_Korrektur"_s)->trigger();
+        auto& form = Form<frmSchülerIn>();
+        QVERIFY(form.isVisible());
+        test::clickRow(test::control<ListView>(form, u"lvwStammdaten"_s), 3);
+        const QString name = test::textOf(form, u"txtSCH(0)"_s);
+        test::press(form, u"imgPrinter"_s);
+        QCOMPARE(doorsOfTest.pages(), std::vector<quint8>{51});
+        QCOMPARE(Liste().BlattSchuelerID, Global().AktuelleSchuelerID);
+        QVERIFY(QString::fromLatin1(test::pageBytes()).contains(name));
+        QCOMPARE(test::textOf(form, u"txtSCH(0)"_s), name);
     }
 };
 
