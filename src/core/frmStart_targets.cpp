@@ -14,6 +14,11 @@
 #include "core/settings_file.h"
 #include "core/startup.h"
 #include "core/widgets/forms.h"
+#include "lists/care/frmME_Individuell.h"
+#include "lists/care/frmME_LZ_Anzeigen.h"
+#include "lists/care/frmME_jeSchueler.h"
+#include "lists/dayplan/frmWochenplan.h"
+#include "lists/groups/frmAG_Anzeigen.h"
 #include "maintenance/backup.h"
 #include "maintenance/excel_import.h"
 #include "maintenance/frmExcelDaten.h"
@@ -141,11 +146,16 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"frmBaustein"_s, open<frmBaustein>},
         {u"frmExcelInfo"_s, open<frmExcelInfo>},
         {u"frmKlassenNeuLöschen"_s, open<frmKlassenNeuLöschen>},
+        {u"frmAG_Anzeigen"_s, open<frmAG_Anzeigen>},
+        {u"frmME_Individuell"_s, open<frmME_Individuell>},
         {u"frmME_LZ_AG"_s, open<frmME_LZ_AG>},
+        {u"frmME_LZ_Anzeigen"_s, open<frmME_LZ_Anzeigen>},
+        {u"frmME_jeSchüler"_s, open<frmME_jeSchüler>},
         {u"frmSchülerIn"_s, open<frmSchülerIn>},
         {u"frmStundenplan"_s, open<frmStundenplan>},
         {u"frmUnterrichtseinheiten"_s, open<frmUnterrichtseinheiten>},
         {u"frmUnterrichtszeiten"_s, open<frmUnterrichtszeiten>},
+        {u"frmWochenplan"_s, open<frmWochenplan>},
         {QString(), [](QWidget*, const MenuTask&) { notYetThere(); }},
     };
     return targets;
