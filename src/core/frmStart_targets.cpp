@@ -15,7 +15,12 @@
 #include "core/settings_file.h"
 #include "core/startup.h"
 #include "core/widgets/forms.h"
+#include "lists/care/frmME_Individuell.h"
+#include "lists/care/frmME_LZ_Anzeigen.h"
+#include "lists/care/frmME_jeSchueler.h"
+#include "lists/dayplan/frmWochenplan.h"
 #include "lists/frmDialog.h"
+#include "lists/groups/frmAG_Anzeigen.h"
 #include "lists/list_numbers.h"
 #include "lists/list_state.h"
 #include "lists/list_table.h"
@@ -168,12 +173,17 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"frmEinstellungen"_s, open<frmEinstellungen>},
         {u"frmExcelInfo"_s, open<frmExcelInfo>},
         {u"frmKlassenNeuLöschen"_s, open<frmKlassenNeuLöschen>},
+        {u"frmAG_Anzeigen"_s, open<frmAG_Anzeigen>},
+        {u"frmME_Individuell"_s, open<frmME_Individuell>},
         {u"frmME_LZ_AG"_s, open<frmME_LZ_AG>},
+        {u"frmME_LZ_Anzeigen"_s, open<frmME_LZ_Anzeigen>},
+        {u"frmME_jeSchüler"_s, open<frmME_jeSchüler>},
         {u"frmSchülerIn"_s, pupilForm},
         {u"frmStundenplan"_s, open<frmStundenplan>},
         {u"frmUnterrichtseinheiten"_s, open<frmUnterrichtseinheiten>},
         {u"frmUnterrichtszeiten"_s, open<frmUnterrichtszeiten>},
         {u"frmWP_Notizen"_s, open<frmWP_Notizen>},
+        {u"frmWochenplan"_s, open<frmWochenplan>},
         {QString(), [](QWidget*, const MenuTask&) { notYetThere(); }},
     };
     return targets;
