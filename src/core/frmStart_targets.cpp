@@ -10,10 +10,12 @@
 #include "core/mdlGlobal.h"
 #include "core/menu_table.h"
 #include "core/platform/places.h"
-#include "core/reports_entry.h"
 #include "core/settings_file.h"
 #include "core/startup.h"
 #include "core/widgets/forms.h"
+#include "lists/list_table.h"
+#include "lists/notes/frmListeNotizen.h"
+#include "lists/reports/report_entry.h"
 #include "maintenance/backup.h"
 #include "maintenance/excel_import.h"
 #include "maintenance/frmExcelDaten.h"
@@ -44,15 +46,9 @@ void notYetThere() {
     MsgBox(u"Dieser Programmteil steht noch nicht zur Verfügung."_s, kInformation);
 }
 
-void report(QWidget*, const MenuTask&) {
-    askForSchoolStarters();
-    notYetThere();
-}
-
-void occupancy(QWidget*, const MenuTask& task) {
-    constexpr quint8 kMensaPlan = 13;
-    if (occupancyCanBeShown(task.listenArt == kMensaPlan ? u"ME"_s : u"LZ"_s))
-        notYetThere();
+/// Runs a command that is told the number of a list.
+template <void (*show)(quint8)> void list(QWidget*, const MenuTask& task) {
+    show(task.listenArt);
 }
 
 void info(QWidget*, const MenuTask&) {
@@ -67,6 +63,15 @@ public:
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
+
+/// Looks at every pupil of the school before the page opens.
+void overlapReport(QWidget*, const MenuTask& task) {
+    {
+        const WaitCursor wait;
+        prepareList(task.listenArt);
+    }
+    doors().page->show();
+}
 
 /// Lets the user choose a folder, makes a database in it, and has the program look there from its next start
 /// on.
@@ -128,8 +133,10 @@ StartSteps startSteps() {
 const std::map<QString, MenuTarget>& menuTargets() {
     static const std::map<QString, MenuTarget> targets{
         {u"Beenden"_s, [](QWidget* window, const MenuTask&) { window->close(); }},
-        {u"BerichtMitFrage"_s, report},
-        {u"Belegung"_s, occupancy},
+        {u"BerichtMitFrage"_s, list<Bericht_Zeigen>},
+        {u"BerichtArbeitsgruppen"_s, list<showList>},
+        {u"Belegung"_s, list<Belegung_Zeigen>},
+        {u"ListeZeitüberschneidungen"_s, overlapReport},
         {u"Info"_s, info},
         {u"Datensicherung"_s, command<DatensicherungErstellen>},
         {u"DatenWiederherstellen"_s, command<DatenWiederherstellen>},
@@ -141,6 +148,7 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"frmBaustein"_s, open<frmBaustein>},
         {u"frmExcelInfo"_s, open<frmExcelInfo>},
         {u"frmKlassenNeuLöschen"_s, open<frmKlassenNeuLöschen>},
+        {u"frmListeNotizen"_s, open<frmListeNotizen>},
         {u"frmME_LZ_AG"_s, open<frmME_LZ_AG>},
         {u"frmSchülerIn"_s, open<frmSchülerIn>},
         {u"frmStundenplan"_s, open<frmStundenplan>},
