@@ -11,7 +11,6 @@
 #include "core/mdlGlobal.h"
 #include "core/menu_table.h"
 #include "core/platform/places.h"
-#include "core/reports_entry.h"
 #include "core/settings_file.h"
 #include "core/startup.h"
 #include "core/widgets/forms.h"
@@ -24,6 +23,8 @@
 #include "lists/list_numbers.h"
 #include "lists/list_state.h"
 #include "lists/list_table.h"
+#include "lists/notes/frmListeNotizen.h"
+#include "lists/reports/report_entry.h"
 #include "maintenance/backup.h"
 #include "maintenance/excel_import.h"
 #include "maintenance/frmExcelDaten.h"
@@ -55,20 +56,9 @@ void notYetThere() {
     MsgBox(u"Dieser Programmteil steht noch nicht zur Verfügung."_s, kInformation);
 }
 
-void report(QWidget*, const MenuTask&) {
-    askForSchoolStarters();
-    notYetThere();
-}
-
-/// Shows the list of the menu entry at once, without asking for options.
-void list(QWidget*, const MenuTask& task) {
-    showList(task.listenArt);
-}
-
-void occupancy(QWidget*, const MenuTask& task) {
-    constexpr quint8 kMensaPlan = 13;
-    if (occupancyCanBeShown(task.listenArt == kMensaPlan ? u"ME"_s : u"LZ"_s))
-        notYetThere();
+/// Runs a command that is told the number of a list.
+template <void (*show)(quint8)> void list(QWidget*, const MenuTask& task) {
+    show(task.listenArt);
 }
 
 void info(QWidget*, const MenuTask&) {
@@ -83,6 +73,15 @@ public:
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
+
+/// Looks at every pupil of the school before the page opens.
+void overlapReport(QWidget*, const MenuTask& task) {
+    {
+        const WaitCursor wait;
+        prepareList(task.listenArt);
+    }
+    doors().page->show();
+}
 
 /// Lets the user choose a folder, makes a database in it, and has the program look there from its next start
 /// on.
@@ -155,11 +154,13 @@ StartSteps startSteps() {
 const std::map<QString, MenuTarget>& menuTargets() {
     static const std::map<QString, MenuTarget> targets{
         {u"Beenden"_s, [](QWidget* window, const MenuTask&) { window->close(); }},
-        {u"BerichtMitFrage"_s, report},
-        {u"Belegung"_s, occupancy},
+        {u"BerichtMitFrage"_s, list<Bericht_Zeigen>},
+        {u"BerichtArbeitsgruppen"_s, list<showList>},
+        {u"Belegung"_s, list<Belegung_Zeigen>},
+        {u"ListeZeitüberschneidungen"_s, overlapReport},
         {u"Info"_s, info},
-        {u"SchülerListeSofort"_s, list},
-        {u"ListeUnterrichtszeiten"_s, list},
+        {u"SchülerListeSofort"_s, list<showList>},
+        {u"ListeUnterrichtszeiten"_s, list<showList>},
         {u"ListeBausteine"_s, [](QWidget*, const MenuTask&) { showList(kBausteine); }},
         {u"frmDialog"_s, open<frmDialog>},
         {u"Datensicherung"_s, command<DatensicherungErstellen>},
@@ -175,6 +176,7 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"frmKlassenNeuLöschen"_s, open<frmKlassenNeuLöschen>},
         {u"frmAG_Anzeigen"_s, open<frmAG_Anzeigen>},
         {u"frmME_Individuell"_s, open<frmME_Individuell>},
+        {u"frmListeNotizen"_s, open<frmListeNotizen>},
         {u"frmME_LZ_AG"_s, open<frmME_LZ_AG>},
         {u"frmME_LZ_Anzeigen"_s, open<frmME_LZ_Anzeigen>},
         {u"frmME_jeSchüler"_s, open<frmME_jeSchüler>},
