@@ -13,6 +13,7 @@
 #include "support/test_base.h"
 
 #include <QAction>
+#include <QButtonGroup>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QJsonArray>
@@ -74,6 +75,15 @@ QString nameOf(const QWidget& widget) {
                                          : widget.objectName();
 }
 
+/// True for a control that Tab leads to, or an arrow key from the chosen one of its group. A box that only
+/// shows something needs no keyboard.
+bool isReached(const QWidget& control) {
+    const auto* line = qobject_cast<const QLineEdit*>(&control);
+    const auto* button = qobject_cast<const QAbstractButton*>(&control);
+    return (control.focusPolicy() & Qt::TabFocus) != 0 || (line && line->isReadOnly())
+           || (button && button->group() && button->group()->exclusive());
+}
+
 /// What a user sees wrong with a window as it stands.
 QStringList faultsOfLook(const QWidget& window) {
     QStringList faults;
@@ -89,11 +99,8 @@ QStringList faultsOfLook(const QWidget& window) {
         const QSize least = widget->minimumSizeHint();
         if (least.isValid() && (widget->width() < least.width() || widget->height() < least.height()))
             faults << nameOf(*widget) + u" is cut off"_s;
-        if (isControl(*widget) && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus) == 0) {
-            const auto* line = qobject_cast<const QLineEdit*>(widget);
-            if (!line || !line->isReadOnly())
-                faults << nameOf(*widget) + u" is not reached by the keyboard"_s;
-        }
+        if (isControl(*widget) && widget->isEnabled() && !isReached(*widget))
+            faults << nameOf(*widget) + u" is not reached by the keyboard"_s;
     }
     for (qsizetype i = 0; i < seen.size(); ++i)
         for (qsizetype k = i + 1; k < seen.size(); ++k)
