@@ -14,6 +14,9 @@
 #include "core/settings_file.h"
 #include "core/startup.h"
 #include "core/widgets/forms.h"
+#include "lists/frmDialog.h"
+#include "lists/list_numbers.h"
+#include "lists/list_table.h"
 #include "maintenance/backup.h"
 #include "maintenance/excel_import.h"
 #include "maintenance/frmExcelDaten.h"
@@ -47,6 +50,11 @@ void notYetThere() {
 void report(QWidget*, const MenuTask&) {
     askForSchoolStarters();
     notYetThere();
+}
+
+/// Shows the list of the menu entry at once, without asking for options.
+void list(QWidget*, const MenuTask& task) {
+    showList(task.listenArt);
 }
 
 void occupancy(QWidget*, const MenuTask& task) {
@@ -131,6 +139,10 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"BerichtMitFrage"_s, report},
         {u"Belegung"_s, occupancy},
         {u"Info"_s, info},
+        {u"SchülerListeSofort"_s, list},
+        {u"ListeUnterrichtszeiten"_s, list},
+        {u"ListeBausteine"_s, [](QWidget*, const MenuTask&) { showList(kBausteine); }},
+        {u"frmDialog"_s, open<frmDialog>},
         {u"Datensicherung"_s, command<DatensicherungErstellen>},
         {u"DatenWiederherstellen"_s, command<DatenWiederherstellen>},
         {u"ExcelImport"_s, excelImport},

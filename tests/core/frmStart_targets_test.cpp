@@ -1,6 +1,8 @@
 #include "core/frmStart.h"
 #include "core/widgets/application.h"
 #include "core/widgets/forms.h"
+#include "lists/list_numbers.h"
+#include "lists/list_state.h"
 #include "support/test_base.h"
 
 #include <QAction>
@@ -56,6 +58,43 @@ private Q_SLOTS:
         QCOMPARE(opened->Tag, tag);
         QCOMPARE(opened->windowTitle(), caption);
         QVERIFY(opened->isModal());
+    }
+
+    void aListWithoutOptionsIsShownAtOnce_data() {
+        QTest::addColumn<int>("list");
+        QTest::newRow("mnuListeNeueSchüler") << int{kNeueSchueler};
+        QTest::newRow("mnuListeNicht_OG_Schüler") << int{kNichtOgSchueler};
+        QTest::newRow("mnuListeUnterrichtszeiten") << int{kUnterrichtszeiten};
+        QTest::newRow("mnuListeBausteine") << int{kBausteine};
+    }
+
+    void aListWithoutOptionsIsShownAtOnce() {
+        QFETCH(int, list);
+        useSampleSchool();
+        auto& start = Form<frmStart>();
+        start.setState(StartState::Ready);
+        start.findChild<QAction*>(QString::fromUtf8(QTest::currentDataTag()))->trigger();
+        QCOMPARE(doorsOfTest.pages(), std::vector<quint8>{static_cast<quint8>(list)});
+        QVERIFY(Liste().ZeilenAnzahl > 0);
+    }
+
+    void aListWithOptionsAsksForThemFirst_data() {
+        QTest::addColumn<int>("list");
+        QTest::newRow("mnuListeSchülerErweiterteListe") << int{kErweiterteListe};
+        QTest::newRow("mnuListeSchülerNamensliste") << int{kNamensliste};
+        QTest::newRow("mnuSchulanfänger_Liste") << int{kSchulanfaenger};
+    }
+
+    void aListWithOptionsAsksForThemFirst() {
+        QFETCH(int, list);
+        useEmptyDatabase();
+        auto& start = Form<frmStart>();
+        start.setState(StartState::Ready);
+        start.findChild<QAction*>(QString::fromUtf8(QTest::currentDataTag()))->trigger();
+        QVERIFY(QApplication::activeModalWidget());
+        QCOMPARE(QApplication::activeModalWidget()->objectName(), u"frmDialog"_s);
+        QCOMPARE(int{Global().ListenArt}, list);
+        QVERIFY(doorsOfTest.pages().empty());
     }
 };
 
