@@ -1,7 +1,10 @@
 #include "core/frmStart_targets.h"
 
 #include "calendar/frmBaustein.h"
+#include "calendar/frmBelegungsplan_ME_LZ.h"
 #include "calendar/frmKlassenNeuLoeschen.h"
+#include "calendar/frmKlassenZuweisung.h"
+#include "calendar/frmListentext.h"
 #include "calendar/frmME_LZ_AG.h"
 #include "calendar/frmStundenplan.h"
 #include "calendar/frmUnterrichtseinheiten.h"
@@ -139,8 +142,11 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"NeueDatenbank"_s, newDatabase},
         {u"Beispielschule"_s, sampleSchool},
         {u"frmBaustein"_s, open<frmBaustein>},
+        {u"frmBelegungsplan_ME_LZ"_s, open<frmBelegungsplan_ME_LZ>},
         {u"frmExcelInfo"_s, open<frmExcelInfo>},
         {u"frmKlassenNeuLöschen"_s, open<frmKlassenNeuLöschen>},
+        {u"frmKlassenZuweisung"_s, open<frmKlassenZuweisung>},
+        {u"frmListentext"_s, open<frmListentext>},
         {u"frmME_LZ_AG"_s, open<frmME_LZ_AG>},
         {u"frmSchülerIn"_s, open<frmSchülerIn>},
         {u"frmStundenplan"_s, open<frmStundenplan>},
