@@ -1,7 +1,10 @@
 #include "core/frmStart_targets.h"
 
 #include "calendar/frmBaustein.h"
+#include "calendar/frmBelegungsplan_ME_LZ.h"
 #include "calendar/frmKlassenNeuLoeschen.h"
+#include "calendar/frmKlassenZuweisung.h"
+#include "calendar/frmListentext.h"
 #include "calendar/frmME_LZ_AG.h"
 #include "calendar/frmStundenplan.h"
 #include "calendar/frmUnterrichtseinheiten.h"
@@ -171,12 +174,15 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"NeueDatenbank"_s, newDatabase},
         {u"Beispielschule"_s, sampleSchool},
         {u"frmBaustein"_s, open<frmBaustein>},
+        {u"frmAG_Anzeigen"_s, open<frmAG_Anzeigen>},
+        {u"frmBelegungsplan_ME_LZ"_s, open<frmBelegungsplan_ME_LZ>},
         {u"frmEinstellungen"_s, open<frmEinstellungen>},
         {u"frmExcelInfo"_s, open<frmExcelInfo>},
         {u"frmKlassenNeuLöschen"_s, open<frmKlassenNeuLöschen>},
-        {u"frmAG_Anzeigen"_s, open<frmAG_Anzeigen>},
-        {u"frmME_Individuell"_s, open<frmME_Individuell>},
+        {u"frmKlassenZuweisung"_s, open<frmKlassenZuweisung>},
         {u"frmListeNotizen"_s, open<frmListeNotizen>},
+        {u"frmListentext"_s, open<frmListentext>},
+        {u"frmME_Individuell"_s, open<frmME_Individuell>},
         {u"frmME_LZ_AG"_s, open<frmME_LZ_AG>},
         {u"frmME_LZ_Anzeigen"_s, open<frmME_LZ_Anzeigen>},
         {u"frmME_jeSchüler"_s, open<frmME_jeSchüler>},

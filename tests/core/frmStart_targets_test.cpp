@@ -30,6 +30,17 @@ private Q_SLOTS:
         row(u"mnuKlasseNeuLöschen"_s, u"frmKlassenNeuLöschen"_s, {}, u"Klassen Neu/Löschen"_s);
         row(u"mnuUnterrichtBeginnEnde"_s, u"frmUnterrichtszeiten"_s, {}, u"Unterrichtszeiten"_s);
         row(u"mnuStundenplan"_s, u"frmStundenplan"_s, {}, u"Stundenplan"_s);
+        row(u"mnuBelegungplanME"_s, u"frmBelegungsplan_ME_LZ"_s, u"BelegungME"_s, u"Belegungsplan"_s);
+        row(u"mnuBelegungsplanLZ"_s, u"frmBelegungsplan_ME_LZ"_s, u"BelegungLZ"_s, u"Belegungsplan"_s);
+        const QList<std::pair<QString, QString>> assignments{
+            {u"mnuZuweisungMensa"_s, u"Mensa"_s},
+            {u"mnuZuweisungLernzeiten"_s, u"Lernzeit"_s},
+            {u"mnuZuweisungArbeitsgruppen"_s, u"Arbeitsgruppe"_s}};
+        for (const auto& [entry, kind] : assignments) {
+            row(entry, u"frmKlassenZuweisung"_s, kind, u"Klassen-Zuweisung "_s + kind.toUpper());
+            // These entries are not seen, but they open their form.
+            row(u"mnuListentext"_s + kind, u"frmListentext"_s, kind, u"Listentexte"_s);
+        }
         const QList<std::pair<QString, QString>> units{
             {u"Neu"_s, u"Neueingabe"_s}, {u"Korrektur"_s, u"Korrigieren"_s}, {u"Löschen"_s, u"Löschen"_s}};
         for (const auto& [action, word] : units)
