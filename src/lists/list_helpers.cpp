@@ -53,6 +53,11 @@ void Name_Formatieren(const QString& vorname, const QString& nachname, int spalt
     liste.Daten(spalte, liste.ZeilenNr) = firstNameFirst ? first + u' ' + family : family + u' ' + first;
 }
 
+void settingMissing(const QString& what) {
+    throw StoreError(StoreError::Kind::Programming, u"In den Einstellungen fehlt %1."_s.arg(what),
+                     u"Einstellungen"_s);
+}
+
 int pupilCount() {
     return static_cast<int>(Global().Conn.Open(u"SELECT COUNT(*) FROM Stammdaten"_s).Value(0).toLongLong());
 }

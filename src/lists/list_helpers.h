@@ -13,6 +13,10 @@ QString shortenedName(const QString& name);
 /// kind of list. With a shortening that is none of the three the cell stays as it is.
 void Name_Formatieren(const QString& vorname, const QString& nachname, int spalte, NameFormat format);
 
+/// Ends a list because the settings lack something that it cannot do without: "die Zeile ..." .
+/// @throws StoreError always
+[[noreturn]] void settingMissing(const QString& what);
+
 /// Number of pupils in the open database, active or not.
 int pupilCount();
 
