@@ -115,7 +115,7 @@ private Q_SLOTS:
     }
 
     void sheetsAreDrawnWhereThePrinterTakesNoPdf() {
-        QPrinter printer(QPrinter::HighResolution);
+        QPrinter printer;
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(file(u"out.pdf"_s));
         QCOMPARE(drawPdf(threeSheets(), printer), QString());
@@ -123,7 +123,7 @@ private Q_SLOTS:
     }
 
     void onlyTheChosenSheetsAreDrawn() {
-        QPrinter printer(QPrinter::HighResolution);
+        QPrinter printer;
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(file(u"out.pdf"_s));
         printer.setPrintRange(QPrinter::PageRange);
