@@ -4,6 +4,7 @@
 #include "calendar/teaching_units.h"
 #include "core/mdlAllgemein.h"
 #include "core/row_id.h"
+#include "core/widgets/choice_list.h"
 #include "core/widgets/entry_box.h"
 #include "core/widgets/form_layout.h"
 #include "core/widgets/list_view.h"
@@ -64,16 +65,6 @@ QString okCaption(OfferingAction action) {
     return u"LÖSCHEN"_s;
 }
 
-QToolButton* dayImage(const QString& name, const QString& text, const QString& tip) {
-    auto* image = new QToolButton;
-    image->setObjectName(name);
-    image->setText(text);
-    image->setToolTip(tip);
-    image->setAccessibleName(tip);
-    image->setFocusPolicy(Qt::TabFocus);
-    return image;
-}
-
 } // namespace
 
 frmME_LZ_AG::frmME_LZ_AG()
@@ -82,8 +73,8 @@ frmME_LZ_AG::frmME_LZ_AG()
       txtME_LZ_AG{},
       cmbUE(new QComboBox),
       lstME_LZ_AG(new QListWidget),
-      imgAuswahlAlle(dayImage(u"imgAuswahlAlle"_s, u"alle"_s, u"Alle Tage auswählen"_s)),
-      imgAuswahlKeine(dayImage(u"imgAuswahlKeine"_s, u"keine"_s, u"Keinen Tag auswählen"_s)) {
+      imgAuswahlAlle(imageButton(u"imgAuswahlAlle"_s, u"alle"_s, u"Alle Tage auswählen"_s)),
+      imgAuswahlKeine(imageButton(u"imgAuswahlKeine"_s, u"keine"_s, u"Keinen Tag auswählen"_s)) {
     // The kind with the most columns tells the form's first width.
     lvwME_LZ_AG->setColumns(listColumns(OfferingKind::Arbeitsgruppe));
     lvwME_LZ_AG->onRowChosen([this](const QString& itemText) { zeileGewählt(itemText); });
