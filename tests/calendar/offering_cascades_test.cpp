@@ -278,6 +278,19 @@ private Q_SLOTS:
         COMPARE_STATE(expected);
     }
 
+    /// An older file may hold anything as a day; it must not become a part of a statement.
+    void aRowWhoseDayIsNoWordIsRefused() {
+        useGroupSchool();
+        {
+            const DbSession session(u"Test"_s);
+            Global().Conn.Change(u"GR3"_s, {{u"Tag"_s, u"MO IS NOT NULL OR GR3_MO"_s}}, u"ID = 3"_s);
+        }
+        const ExpectedState expected;
+        QVERIFY_THROWS_EXCEPTION(StoreError, correct(kGroup, 3, {{kBoxTag, u"DI"_s}}));
+        QVERIFY_THROWS_EXCEPTION(StoreError, remove(kGroup, 3));
+        COMPARE_STATE(expected);
+    }
+
     /// The rows behind the first slot go by name, day and time, and so do text and notes, those of a Mensa of
     /// that name among them.
     void deletingOneDayOfAGroupLeavesTheOther() {
