@@ -45,12 +45,13 @@ frmWP_Notizen::frmWP_Notizen()
     column->addWidget(listBesideFields(lvwStammdaten, buildFields()), 1);
     cmdOK = addEditorButtons(*this, *column);
     connect(cmdOK, &QPushButton::clicked, this, [this] { ok(); });
-    setFirstSize(*this, 28);
+    setFirstSize(*this, 38);
 }
 
 QWidget* frmWP_Notizen::buildFields() {
-    constexpr int kCharacters = 32, kLines = 8;
-    txtSchüler->setReadOnly(true);
+    constexpr int kCharacters = 32, kLines = 8, kTimeCharacters = 14;
+    makeDisplay(*txtSchüler);
+    cmbUE->setMinimumContentsLength(kTimeCharacters);
     txtSchüler->setWantedCharacters(kCharacters);
     txtNotiz->setObjectName(u"txtNotiz"_s);
     txtNotiz->setTabChangesFocus(true);

@@ -339,6 +339,17 @@ private Q_SLOTS:
         QVERIFY(!textBox().toHtml().contains(u"font-weight:700"_s));
     }
 
+    void enterPressesOkAndNeverDeletes() {
+        openNote(u"N_GR1(0)"_s);
+        QVERIFY(QTest::qWaitForWindowActive(&noteForm()));
+        auto& flag = control<QCheckBox>(noteForm(), u"chkKeineTeilnahme"_s);
+        flag.setFocus();
+        QTest::keyClick(&flag, Qt::Key_Return);
+        QVERIFY(!noteForm().isVisible());
+        QCOMPARE(notes().size(), 1);
+        QCOMPARE(doorsOfTest.boxes().size(), std::size_t{0});
+    }
+
     void everythingCanBeReachedByKeyboardAndHasAName() {
         openNote(u"N_GR1(0)"_s);
         QVERIFY(QTest::qWaitForWindowActive(&noteForm()));
