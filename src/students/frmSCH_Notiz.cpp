@@ -40,13 +40,12 @@ QLabel* picture(const QString& name, const QString& drawing, const QString& word
 frmSCH_Notiz::frmSCH_Notiz()
     : FormWindow(u"frmSCH_Notiz"_s),
       lblÜ1(new QLabel),
-      txtSchülerIn(new EntryBox(u"txtSchülerIn"_s)),
+      txtSchülerIn(displayBox(u"txtSchülerIn"_s)),
       rtfNotiz(new QTextEdit),
       chkKeineTeilnahme(new QCheckBox),
       cmdOK(formButton(u"cmdOK"_s, u"O K"_s)),
       cmdLöschen(formButton(u"cmdLöschen"_s, u"LÖSCHEN"_s)) {
     setWindowTitle(u"Notiz"_s);
-    makeDisplay(*txtSchülerIn);
     rtfNotiz->setObjectName(u"rtfNotiz"_s);
     // Only the letters of a note are kept.
     rtfNotiz->setAcceptRichText(false);

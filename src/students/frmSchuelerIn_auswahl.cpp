@@ -137,8 +137,6 @@ void frmSchülerIn::drucken() {
         return;
     zeileMerken();
     schuelerFormZiele().drucken();
-    // The page has been closed again, and others may have worked meanwhile.
-    Prepare();
 }
 
 void frmSchülerIn::Check_ZeitÜberschneidungen_Vor_Datenübernahme() {

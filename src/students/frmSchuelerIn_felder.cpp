@@ -78,14 +78,6 @@ QLabel* captionOf(const QString& text, QWidget* input) {
     return label;
 }
 
-void makeDisplay(QLineEdit& box) {
-    box.setReadOnly(true);
-    box.setFrame(false);
-    QPalette colours = box.palette();
-    colours.setColor(QPalette::Base, Qt::transparent);
-    box.setPalette(colours);
-}
-
 QToolButton* drawnButton(const QString& objectName, const QString& drawing, const QString& words,
                          const QColor& colour) {
     auto* button = new QToolButton;

@@ -49,8 +49,6 @@ protected:
 
 /// A caption whose letter behind "&" leads to the input.
 QLabel* captionOf(const QString& text, QWidget* input);
-/// Makes a box that only shows its text look like one: no frame, the ground of what lies behind.
-void makeDisplay(QLineEdit& box);
 /// A small button with a drawing of data/symbole.
 QToolButton* drawnButton(const QString& objectName, const QString& drawing, const QString& words,
                          const QColor& colour);

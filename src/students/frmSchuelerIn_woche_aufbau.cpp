@@ -40,7 +40,8 @@ public:
     }
 
     void addCell(QWidget* cell) {
-        // The share of the width alone decides, not what the cell holds.
+        // The share of the width alone decides, not what the cell holds; but none is squeezed.
+        cell->setMinimumWidth(cell->minimumSizeHint().width());
         cell->setSizePolicy(QSizePolicy::Ignored, cell->sizePolicy().verticalPolicy());
         m_line->addWidget(cell, 1);
     }
@@ -51,9 +52,11 @@ private:
 
 /// A box that shows a teaching time.
 EntryBox* timeBox(const QString& name, const QString& words) {
-    auto* box = new EntryBox(name);
-    makeDisplay(*box);
-    box->setFocusPolicy(Qt::ClickFocus);
+    EntryBox* box = displayBox(name);
+    box->setFrame(false);
+    QPalette colours = box->palette();
+    colours.setColor(QPalette::Base, Qt::transparent);
+    box->setPalette(colours);
     box->setAlignment(Qt::AlignCenter);
     box->setAccessibleName(words);
     return box;

@@ -30,7 +30,7 @@ constexpr int kListColumns = 5;
 frmWP_Notizen::frmWP_Notizen()
     : FormWindow(u"frmWP_Notizen"_s),
       lvwStammdaten(new ListView(u"lvwStammdaten"_s, u"Schüler und Schülerinnen"_s)),
-      txtSchüler(new EntryBox(u"txtSchüler"_s)),
+      txtSchüler(displayBox(u"txtSchüler"_s)),
       cmbUE(new RecordChoice(u"cmbUE"_s)),
       cmbTag(new RecordChoice(u"cmbTag"_s)),
       txtNotiz(new QPlainTextEdit) {
@@ -50,7 +50,6 @@ frmWP_Notizen::frmWP_Notizen()
 
 QWidget* frmWP_Notizen::buildFields() {
     constexpr int kCharacters = 32, kLines = 8, kTimeCharacters = 14;
-    makeDisplay(*txtSchüler);
     cmbUE->setMinimumContentsLength(kTimeCharacters);
     txtSchüler->setWantedCharacters(kCharacters);
     txtNotiz->setObjectName(u"txtNotiz"_s);
