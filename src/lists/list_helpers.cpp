@@ -62,6 +62,11 @@ QStringList namesInCapitals(const QStringList& names) {
     return capitals;
 }
 
+void settingMissing(const QString& what) {
+    throw StoreError(StoreError::Kind::Programming, u"In den Einstellungen fehlt %1."_s.arg(what),
+                     u"Einstellungen"_s);
+}
+
 int pupilCount() {
     return static_cast<int>(Global().Conn.Open(u"SELECT COUNT(*) FROM Stammdaten"_s).Value(0).toLongLong());
 }

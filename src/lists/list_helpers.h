@@ -16,6 +16,10 @@ void Name_Formatieren(const QString& vorname, const QString& nachname, int spalt
 /// Names of classes or class letters in capitals, as some option forms offer them, each once.
 QStringList namesInCapitals(const QStringList& names);
 
+/// Ends a list because the settings lack something that it cannot do without: "die Zeile ..." .
+/// @throws StoreError always
+[[noreturn]] void settingMissing(const QString& what);
+
 /// Number of pupils in the open database, active or not.
 int pupilCount();
 
