@@ -9,6 +9,7 @@
 #include "lists/notes/note_options.h"
 #include "lists/page_values.h"
 #include "lists/reports/occupancy_plan.h"
+#include "students/fees.h"
 
 #include <QDate>
 #include <QString>
@@ -24,8 +25,6 @@ inline constexpr int kMaxSpalten = 99;
 inline constexpr int kMaxZeilenCodes = 999;
 /// The row counter has 16 bits.
 inline constexpr int kMaxZeilenNr = 32767;
-/// Fees of a pupil.
-inline constexpr int kBeitraege = 7;
 
 /// Alignment of a column; any other number leaves the alignment of the list before.
 enum Ausrichtung : quint8 { kLinks = 1, kRechts = 2, kMitte = 3 };

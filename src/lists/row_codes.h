@@ -33,4 +33,10 @@ inline bool isRowCode(const QString& code) {
     return isNumber;
 }
 
+/// True for a row that holds data: no beginning, sums or end of a table.
+inline bool isDataCode(const QString& code) {
+    return isRowCode(code) && code != kCodeTabelle && code != kCodeTabelleOhneUmbruch && code != kCodeSumme
+           && code != kCodeTabelleEnde;
+}
+
 } // namespace kolibri

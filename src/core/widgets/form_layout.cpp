@@ -5,11 +5,24 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 
 using namespace Qt::StringLiterals;
 
 namespace kolibri {
+namespace {
+
+/// Has a place as large as what stands in it, where the screen allows.
+class WholeFieldArea : public QScrollArea {
+public:
+    QSize sizeHint() const override {
+        return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
+    }
+};
+
+} // namespace
 
 QString indexedName(const QString& name, int index) {
     return u"%1(%2)"_s.arg(name).arg(index);
@@ -87,6 +100,14 @@ QWidget* fieldColumn(const std::vector<QWidget*>& parts) {
     for (auto* part : parts)
         column->addWidget(part);
     column->addStretch();
+    return area;
+}
+
+QScrollArea* fieldArea(QWidget* fields) {
+    auto* area = new WholeFieldArea;
+    area->setWidget(fields);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
     return area;
 }
 

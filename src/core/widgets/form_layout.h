@@ -9,6 +9,7 @@ class QDialog;
 class QFormLayout;
 class QLabel;
 class QPushButton;
+class QScrollArea;
 class QSplitter;
 
 namespace kolibri {
@@ -46,6 +47,8 @@ QPushButton* addEditorButtons(QDialog& form, QBoxLayout& column);
 
 /// Frames and texts below each other, as high as they need.
 QWidget* fieldColumn(const std::vector<QWidget*>& parts);
+/// Fields that are scrolled on a small screen or with a large font; they want to be seen as a whole.
+QScrollArea* fieldArea(QWidget* fields);
 /// A list with the fields of the chosen row beside it; the user can move the border, and the list takes what
 /// room there is more.
 QSplitter* listBesideFields(QWidget* list, QWidget* fields);

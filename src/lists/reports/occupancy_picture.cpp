@@ -143,7 +143,9 @@ void writeHead(PageWriter& page, const ListState& liste, const QString& title) {
     page.line(u".zuviel {fill: url(#schraffur); stroke: #c00000; stroke-width: 1;}");
     page.line(u".voll {fill: #c00000;}");
     page.line(u".trenner {stroke: #d0d0d0; stroke-width: 1;}");
-    page.line(u"</style></head><body>");
+    page.line(u"</style></head>");
+    // In capitals like on every page: the footer of the printed sheet is put in behind it.
+    page.line(u"<BODY>");
     page.line({u"<h1>", title, u"</h1>"});
     page.line({u"<p>Belegte und maximale Plätze, Stand: ", liste.ListenDatum.toString(u"dd.MM.yyyy"_s),
                u". Nur Klassen A bis D, ohne Schulanfänger.</p>"});
@@ -199,7 +201,7 @@ QString writeOccupancyPicture() {
     if (!liste.Belegung.Angebote.empty())
         for (int day = 0; day < kSchoolDays; ++day)
             picture.writeDay(day);
-    page.line(u"</body></html>");
+    page.line(u"</BODY></html>");
     page.flush();
     if (!file.commit())
         failed();
