@@ -131,6 +131,7 @@ void writeHead(PageWriter& page, const ListState& liste, const QString& title) {
     page.line(u"<style>");
     page.line(u"body {font-family: Arial, sans-serif; color: #000; background: #fff; margin: 20px 40px;}");
     page.line(u"h1 {font-size: 1.3em; text-align: center;}");
+    page.line(u"p {font-size: 14px;}");
     page.line(u"h2 {font-size: 16px; margin: 18px 0 2px 0;}");
     page.line(u"section {break-inside: avoid; page-break-inside: avoid;}");
     page.line(u"svg {display: block; width: %1pt; max-width: 100%; height: auto;}"_s.arg(

@@ -137,6 +137,16 @@ private Q_SLOTS:
         QCOMPARE(doorsOfTest.pages().size(), 1);
     }
 
+    void theFormIsWideEnoughForTheLabelOfEitherMode() {
+        useSchool();
+        for (const auto& mode : {u"ME_LZ_AG"_s, u"TP"_s, u"ME_LZ_AG"_s}) {
+            auto& window = form(mode);
+            const auto& label = control<QLabel>(window, u"lblME_LZ_AG"_s);
+            QVERIFY2(label.width() >= label.sizeHint().width(), qPrintable(mode));
+            window.hide();
+        }
+    }
+
     void everyInputHasANameForAScreenReader() {
         useSchool();
         for (const auto& mode : {u"ME_LZ_AG"_s, u"TP"_s}) {
