@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/doors.h"
+#include "core/mdlGlobal.h"
 #include "lists/care/care_options.h"
 #include "lists/care/mensa_pupils.h"
 #include "lists/cell_table.h"
@@ -22,8 +23,6 @@ inline constexpr int kMaxSpalten = 99;
 inline constexpr int kMaxZeilenCodes = 999;
 /// The row counter has 16 bits.
 inline constexpr int kMaxZeilenNr = 32767;
-/// Fees of a pupil.
-inline constexpr int kBeitraege = 7;
 
 /// Alignment of a column; any other number leaves the alignment of the list before.
 enum Ausrichtung : quint8 { kLinks = 1, kRechts = 2, kMitte = 3 };
