@@ -1,5 +1,6 @@
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
+#include "core/runtime_error.h"
 #include "core/startup.h"
 #include "core/store/schema.h"
 #include "core/widgets/application.h"
@@ -255,7 +256,8 @@ private Q_SLOTS:
             start();
             QFAIL("the conversion went on without the pupil");
         } catch (const OfficeError& error) {
-            QVERIFY(error.note().contains(safetyCopies().value(0)));
+            QCOMPARE(error.note(), u"Der Stand vor der Umstellung liegt in der Sicherheitskopie %1."_s.arg(
+                                       QDir::toNativeSeparators(home() + u'/' + safetyCopies().value(0))));
         }
         QCOMPARE(safetyCopies().size(), 1);
         // What was done stays done, and the next start does not repeat the conversion.
@@ -300,6 +302,121 @@ private Q_SLOTS:
             QCOMPARE(tableRows(conn, u"GR7"_s), slots);
             const Recordset pupil = conn.Open(u"SELECT GR6_MO, GR7_FR FROM Stammdaten"_s);
             QVERIFY(pupil.Text(u"GR6_MO").isEmpty() && pupil.Text(u"GR7_FR").isEmpty());
+        });
+    }
+
+    void aLateSlotThatIsMissingAloneIsFilledAndTheOtherNotDoubled_data() {
+        QTest::addColumn<QString>("missing");
+        QTest::newRow("GR6") << u"GR6"_s;
+        QTest::newRow("GR7") << u"GR7"_s;
+    }
+
+    void aLateSlotThatIsMissingAloneIsFilledAndTheOtherNotDoubled() {
+        QFETCH(QString, missing);
+        useEmptyDatabase();
+        inDatabase([&](Connection& conn) {
+            addOffering(u"GR3"_s, u"15:00 - 16:00 CHOR"_s, QString());
+            for (const auto& table : {u"GR6"_s, u"GR7"_s})
+                conn.AddNew(table)
+                    .Set(u"ID"_s, 1)
+                    .Set(u"Tag"_s, u"MO"_s)
+                    .Set(u"Zeit_K_Name"_s, u"15:00 - 16:00 CHOR"_s)
+                    .Update();
+            dropTable(conn, missing);
+        });
+        start();
+        inDatabase([](Connection& conn) {
+            for (const auto& table : {u"GR6"_s, u"GR7"_s}) {
+                const Recordset rs = conn.Open(u"SELECT * FROM "_s + table);
+                QCOMPARE(rs.RecordCount(), 1);
+                QCOMPARE(rs.Text(u"Zeit_K_Name"), u"15:00 - 16:00 CHOR"_s);
+            }
+        });
+    }
+
+    void columnsThatComeOnlyWithTheirTableComeBackWithIt() {
+        useEmptyDatabase();
+        QStringList settings;
+        inDatabase([&](Connection& conn) {
+            conn.Change(u"Einstellungen"_s, {{u"Bezeichnung"_s, u"Handy"_s}},
+                        u"Feld = 'Kontakt' AND Nummer = 6"_s);
+            settings = tableRows(conn, u"Einstellungen"_s);
+            dropTable(conn, u"KategorieKontakte"_s);
+            dropColumn(conn, u"Einstellungen"_s, u"KategorieKontakte"_s);
+            dropTable(conn, u"GR6"_s);
+            dropTable(conn, u"GR7"_s);
+            for (const auto& slot : {u"GR6_"_s, u"GR7_"_s})
+                for (int day = 0; day < kSchoolDays; ++day)
+                    dropColumn(conn, u"Stammdaten"_s, slot + TagCode(day));
+        });
+        start();
+        inDatabase([&](Connection& conn) {
+            QCOMPARE(shapeOf(conn), wantedShape());
+            QCOMPARE(tableRows(conn, u"Einstellungen"_s), settings);
+        });
+        const QByteArray afterFirst = contentOf(DatenbankDatei(home()));
+        start();
+        QCOMPARE(contentOf(DatenbankDatei(home())), afterFirst);
+    }
+
+    void aTableOfCategoriesThatIsMissingAloneLeavesTheRowsOfTheOffice() {
+        useEmptyDatabase();
+        QStringList settings;
+        inDatabase([&](Connection& conn) {
+            conn.Change(u"Einstellungen"_s, {{u"KategorieKontakte"_s, u""_s}},
+                        u"Feld = 'Kontakt' AND Nummer = 6"_s);
+            settings = tableRows(conn, u"Einstellungen"_s);
+            dropTable(conn, u"KategorieKontakte"_s);
+        });
+        start();
+        inDatabase([&](Connection& conn) { QCOMPARE(tableRows(conn, u"Einstellungen"_s), settings); });
+    }
+
+    void aNameFormatThatIsStillThereStays() {
+        useEmptyDatabase();
+        inDatabase([](Connection& conn) {
+            conn.Change(u"Einstellungen"_s, {{u"NameKurz"_s, u"Vorname gekürzt"_s}}, u"Feld = ?"_s,
+                        {u"Name_Liste_AG"_s});
+            dropColumn(conn, u"Einstellungen"_s, u"NameZuerst"_s);
+        });
+        start();
+        QCOMPARE(Global().NameKurz[kNamesArbeitsgruppe], u"Vorname gekürzt"_s);
+        QCOMPARE(Global().NameZuerst[kNamesArbeitsgruppe], u"Vorname Nachname"_s);
+    }
+
+    void aNoteOfASlotThatDoesNotExistEndsTheConversion() {
+        useEmptyDatabase();
+        inDatabase([](Connection& conn) {
+            addPupil({{u"SCH_Name"_s, u"Abel"_s}});
+            addNote(1, u"GR9"_s, u"13:00 - 13:45 ME1"_s, u"verirrt"_s);
+            dropTable(conn, u"WP_Notiz"_s);
+        });
+        QVERIFY_THROWS_EXCEPTION(StoreError, start());
+        inDatabase([](Connection& conn) { QCOMPARE(tableRows(conn, u"SCH_Notiz"_s).size(), 1); });
+    }
+
+    void aLogThatCannotBeWrittenEndsTheConversionBeforeAnyNoteIsTouched() {
+        useEmptyDatabase();
+        inDatabase([](Connection& conn) {
+            addPupil({{u"SCH_Name"_s, u"Abel"_s}});
+            addNote(1, u"GR1"_s, u"13:00 - 13:45 ME1"_s, u"bleibt"_s);
+            dropTable(conn, u"WP_Notiz"_s);
+        });
+        QVERIFY(QDir(home()).mkdir(u"DB_Konvert_WP_"_s + kStamp + u".txt"_s));
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, start());
+        inDatabase([](Connection& conn) { QCOMPARE(tableRows(conn, u"SCH_Notiz"_s).size(), 1); });
+    }
+
+    void theOfficeCanHaveAllowedApostrophesBeforeAConversion() {
+        useEmptyDatabase();
+        inDatabase([](Connection& conn) {
+            conn.AddNew(u"Einstellungen"_s).Set(u"Feld"_s, u"Apostroph"_s).Set(u"Grösse"_s, 1).Update();
+            addPupil({{u"GV_Name"_s, u"O'Neill"_s}});
+            dropColumn(conn, u"Stammdaten"_s, u"GV_Name1"_s);
+        });
+        start();
+        inDatabase([](Connection& conn) {
+            QCOMPARE(conn.Open(u"SELECT GV_Name1 FROM Stammdaten"_s).Text(0), u"O'Neill"_s);
         });
     }
 
