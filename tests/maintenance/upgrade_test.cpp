@@ -498,6 +498,25 @@ private Q_SLOTS:
         });
     }
 
+    void aFileInUseElsewhereEndsTheStartAndIsNotTouched() {
+        useEmptyDatabase();
+        inDatabase([](Connection& conn) { dropTable(conn, u"Bausteine"_s); });
+        const QByteArray before = contentOf(DatenbankDatei(home()));
+        Connection other;
+        other.OpenFile(DatenbankDatei(home()));
+        const Transaction writing(other);
+        constexpr int kShort = 50;
+        Global().Conn.SetBusyWait(kShort);
+        try {
+            start();
+            QFAIL("the file was changed while another workstation wrote");
+        } catch (const StoreError& error) {
+            QCOMPARE(error.kind(), StoreError::Kind::Busy);
+            QVERIFY(error.note().contains(u"Sicherheitskopie"_s));
+        }
+        QCOMPARE(contentOf(DatenbankDatei(home())), before);
+    }
+
     void aDateOrPostCodeColumnOfAnotherKindBecomesText() {
         useEmptyDatabase();
         inDatabase([](Connection& conn) {
