@@ -7,7 +7,10 @@
 #include "lists/cell_table.h"
 #include "lists/dialog_options.h"
 #include "lists/groups/group_options.h"
+#include "lists/notes/note_options.h"
 #include "lists/page_values.h"
+#include "lists/reports/occupancy_plan.h"
+#include "students/fees.h"
 
 #include <QDate>
 #include <QString>
@@ -45,6 +48,8 @@ struct ListState {
     CellTable Daten;
     /// What the writer does with a row; a row whose code is no number is skipped.
     ListArray<QString> ZeilenCode{kMaxZeilenCodes, u"ZeilenCode"};
+    /// Marks on the cells of the occupancy plan.
+    CellTable BelegungMark;
     int ZeilenAnzahl = 0;
     /// The row being gathered.
     int ZeilenNr = 0;
@@ -73,9 +78,13 @@ struct ListState {
     CareOptions MensaLernzeit;
     GroupOptions Arbeitsgruppe;
     MensaPupilOptions MensaSchueler;
+    NoteOptions Notizen;
     /// The pupil whose master data sheet is asked for, and the heading of that sheet.
     qint64 BlattSchuelerID = 0;
     QString BlattTitel;
+
+    /// The occupancy plan behind the rows, from which its picture is drawn.
+    OccupancyPlan Belegung;
 
     /// Values of the page, filled anew for each.
     PageValues Seite;
