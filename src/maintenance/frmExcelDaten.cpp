@@ -9,26 +9,12 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollArea>
-#include <QScrollBar>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace kolibri {
 namespace {
-
-/// The fields are many: on a small screen or with a large font they are scrolled. Wants to show them all.
-class FieldArea : public QScrollArea {
-public:
-    explicit FieldArea(QWidget* fields) {
-        setWidget(fields);
-        setWidgetResizable(true);
-        setFrameShape(QFrame::NoFrame);
-    }
-    QSize sizeHint() const override {
-        return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
-    }
-};
 
 QRadioButton* option(const QString& name, const QString& caption) {
     auto* button = new QRadioButton(caption);
@@ -45,7 +31,7 @@ frmExcelDaten::frmExcelDaten()
     constexpr int kLines = 48;
     setWindowTitle(u"Excel Daten Importieren"_s);
     auto* column = new QVBoxLayout(this);
-    column->addWidget(new FieldArea(buildFields()), 1);
+    column->addWidget(fieldArea(buildFields()), 1);
     column->addWidget(buildMode());
     connect(addEditorButtons(*this, *column), &QPushButton::clicked, this, [this] { ok(); });
     setFirstSize(*this, kLines);

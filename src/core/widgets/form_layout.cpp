@@ -5,11 +5,33 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 
 using namespace Qt::StringLiterals;
 
 namespace kolibri {
+namespace {
+
+class FieldArea : public QScrollArea {
+public:
+    explicit FieldArea(QWidget* fields) {
+        setWidget(fields);
+        setWidgetResizable(true);
+        setFrameShape(QFrame::NoFrame);
+        // The keyboard goes from field to field, and the area follows.
+        setFocusPolicy(Qt::NoFocus);
+        // The ground of what is around it goes on behind the fields.
+        viewport()->setAutoFillBackground(false);
+        fields->setAutoFillBackground(false);
+    }
+    QSize sizeHint() const override {
+        return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
+    }
+};
+
+} // namespace
 
 QString indexedName(const QString& name, int index) {
     return u"%1(%2)"_s.arg(name).arg(index);
@@ -100,9 +122,20 @@ QSplitter* listBesideFields(QWidget* list, QWidget* fields) {
     return splitter;
 }
 
+QScrollArea* fieldArea(QWidget* fields) {
+    return new FieldArea(fields);
+}
+
 void setFirstSize(QWidget& form, int lines) {
+    // The edges and the title that the desktop adds need room too.
+    constexpr qreal kWidth = 0.98;
+    constexpr qreal kHeight = 0.94;
+    // Before a style has had its say, everything asks for a little less than it needs.
+    for (QWidget* part : form.findChildren<QWidget*>())
+        part->ensurePolished();
+    const QSizeF room = form.screen()->availableSize();
     const QSize wanted(form.sizeHint().width(), lines * form.fontMetrics().lineSpacing());
-    form.resize(wanted.boundedTo(form.screen()->availableSize()));
+    form.resize(wanted.boundedTo(QSizeF(room.width() * kWidth, room.height() * kHeight).toSize()));
 }
 
 } // namespace kolibri

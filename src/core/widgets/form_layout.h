@@ -9,6 +9,7 @@ class QDialog;
 class QFormLayout;
 class QLabel;
 class QPushButton;
+class QScrollArea;
 class QSplitter;
 
 namespace kolibri {
@@ -50,7 +51,11 @@ QWidget* fieldColumn(const std::vector<QWidget*>& parts);
 /// room there is more.
 QSplitter* listBesideFields(QWidget* list, QWidget* fields);
 
-/// Gives a form its first size: as wide as its content asks for, so many lines high, within the screen.
+/// Many fields, which are scrolled on a small screen or with a large font; wants to show them all.
+QScrollArea* fieldArea(QWidget* fields);
+
+/// Gives a form its first size: as wide as its content asks for, so many lines high, and with its edges
+/// within the screen.
 void setFirstSize(QWidget& form, int lines);
 
 } // namespace kolibri
