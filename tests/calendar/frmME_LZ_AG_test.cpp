@@ -307,6 +307,85 @@ private Q_SLOTS:
         QCOMPARE(unit(window).currentText(), kUnit);
     }
 
+    void inNeuAClickFillsTheBoxesAsAPatternForTheNewOffering() {
+        useSchool();
+        addRow(u"GR1"_s, row(u"ME1"_s, u"MO"_s));
+        auto& window = form(u"MensaNeu"_s);
+        clickEntry(days(window), u"FR"_s);
+        clickRow(list(window), 1);
+        QCOMPARE(boxes(window).first(5),
+                 QStringList({u"ME1"_s, u"Lang ME1"_s, u"MO"_s, u"13:00"_s, u"13:45"_s}));
+        QCOMPARE(selectedDays(window), QStringList());
+        clickEntry(days(window), u"DI"_s);
+        press(window);
+        QCOMPARE(columnOf(u"GR1"_s, u"Tag"_s), QStringList({u"MO"_s, u"DI"_s}));
+    }
+
+    /// Several offerings of one period are entered one after the other.
+    void theTeachingUnitStaysForTheNextOffering() {
+        useSchool();
+        auto& window = form(u"MensaNeu"_s);
+        fill(window, u"ME1"_s, {u"MO"_s});
+        unit(window).setCurrentIndex(1);
+        press(window);
+        QCOMPARE(unit(window).currentText(), kUnit);
+    }
+
+    void aNewRowIsShownInALongList() {
+        useSchool();
+        for (int i = 0; i < 60; ++i)
+            addRow(u"GR1"_s, row(u"B%1"_s.arg(i), u"MO"_s));
+        auto& window = form(u"MensaNeu"_s);
+        fill(window, u"ZZ"_s, {u"MO"_s});
+        press(window);
+        auto& view = list(window);
+        QCOMPARE(view.cell(61, 1), u"ZZ"_s);
+        const QRect written = view.visualItemRect(view.topLevelItem(60));
+        QVERIFY(written.top() >= 0 && written.bottom() <= view.viewport()->height());
+        QCOMPARE(view.selectedItems().size(), 0);
+        QVERIFY(control<QLineEdit>(window, box(0)).hasFocus());
+    }
+
+    void enterSavesAndEscClosesWithoutSaving() {
+        useSchool();
+        auto& window = form(u"MensaNeu"_s);
+        fill(window, u"ME1"_s, {u"MO"_s});
+        control<QLineEdit>(window, box(4)).setFocus();
+        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+        QCOMPARE(columnOf(u"GR1"_s, u"K_Name"_s), QStringList{u"ME1"_s});
+        fill(window, u"ME2"_s, {u"MO"_s});
+        QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
+        QVERIFY(!window.isVisible());
+        QCOMPARE(columnOf(u"GR1"_s, u"K_Name"_s), QStringList{u"ME1"_s});
+    }
+
+    void anApostropheInANameIsOneBoxAndWhatWasTypedStays() {
+        useSchool();
+        auto& window = form(u"ArbeitsgruppeNeu"_s);
+        fill(window, u"OMA"_s, {u"MO"_s});
+        type(window, box(1), u"Oma's Küche"_s);
+        doorsOfTest.expectBeginning(u"Vorhandene Tage prüfen"_s);
+        press(window);
+        QCOMPARE(rowsOf(u"GR3"_s), QStringList());
+        QCOMPARE(textOf(window, box(1)), u"Oma's Küche"_s);
+        QCOMPARE(selectedDays(window), QStringList{u"MO"_s});
+    }
+
+    void aSecondTimeOfAGroupOnOneDayIsASecondRowInAllFiveTables() {
+        useSchool();
+        auto& window = form(u"ArbeitsgruppeNeu"_s);
+        fill(window, u"CHOR"_s, {u"MO"_s});
+        press(window);
+        fill(window, u"CHOR"_s, {u"MO"_s});
+        type(window, box(3), u"14:00"_s);
+        type(window, box(4), u"14:45"_s);
+        press(window);
+        for (const auto& table : tablesOf(OfferingKind::Arbeitsgruppe))
+            QCOMPARE(columnOf(table, u"Zeit"_s), QStringList({u"13:00 - 13:45"_s, u"14:00 - 14:45"_s}));
+        QCOMPARE(columnOf(u"GR3"_s, u"ID"_s), QStringList({u"1"_s, u"2"_s}));
+        QCOMPARE(columnOf(u"GR7"_s, u"ID"_s), QStringList({u"1"_s, u"1"_s}));
+    }
+
     void aUnitThatIsGoneOrUnsetShowsTheEmptyEntry() {
         useSchool();
         addRow(u"GR1"_s, row(u"ME1"_s, u"MO"_s));
@@ -367,6 +446,7 @@ private Q_SLOTS:
         QCOMPARE(textOf(window, box(0)), u"ME1"_s);
     }
 
+    /// A group that meets on Saturdays is kept in the list, although no pupil can be assigned to it.
     void weekendDaysPassTheCheckOfAWorkingGroup() {
         useSchool();
         addRow(u"GR3"_s, groupRow(u"CHOR"_s, u"MO"_s));
