@@ -126,16 +126,19 @@ QScrollArea* fieldArea(QWidget* fields) {
     return new FieldArea(fields);
 }
 
-void setFirstSize(QWidget& form, int lines) {
-    // The edges and the title that the desktop adds need room too.
+QSize roomOnScreen(const QWidget& form) {
     constexpr qreal kWidth = 0.98;
     constexpr qreal kHeight = 0.94;
+    const QSizeF screen = form.screen()->availableSize();
+    return QSizeF(screen.width() * kWidth, screen.height() * kHeight).toSize();
+}
+
+void setFirstSize(QWidget& form, int lines) {
     // Before a style has had its say, everything asks for a little less than it needs.
     for (QWidget* part : form.findChildren<QWidget*>())
         part->ensurePolished();
-    const QSizeF room = form.screen()->availableSize();
     const QSize wanted(form.sizeHint().width(), lines * form.fontMetrics().lineSpacing());
-    form.resize(wanted.boundedTo(QSizeF(room.width() * kWidth, room.height() * kHeight).toSize()));
+    form.resize(wanted.boundedTo(roomOnScreen(form)));
 }
 
 } // namespace kolibri

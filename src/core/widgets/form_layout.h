@@ -54,6 +54,8 @@ QSplitter* listBesideFields(QWidget* list, QWidget* fields);
 /// Many fields, which are scrolled on a small screen or with a large font; wants to show them all.
 QScrollArea* fieldArea(QWidget* fields);
 
+/// What a window may take of the screen, so that the edges and the title that the desktop adds stay on it.
+QSize roomOnScreen(const QWidget& form);
 /// Gives a form its first size: as wide as its content asks for, so many lines high, and with its edges
 /// within the screen.
 void setFirstSize(QWidget& form, int lines);
