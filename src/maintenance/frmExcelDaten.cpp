@@ -28,7 +28,7 @@ frmExcelDaten::frmExcelDaten()
     : FormWindow(u"frmExcelDaten"_s),
       optÜberschreibenJA(option(u"optÜberschreibenJA"_s, u"&Ja"_s)),
       optÜberschreibenNein(option(u"optÜberschreibenNein"_s, u"&Nein"_s)) {
-    constexpr int kLines = 48;
+    constexpr int kLines = 34;
     setWindowTitle(u"Excel Daten Importieren"_s);
     auto* column = new QVBoxLayout(this);
     column->addWidget(fieldArea(buildFields()), 1);
@@ -47,14 +47,14 @@ QWidget* frmExcelDaten::buildFields() {
     auto* sides = new QHBoxLayout(fields);
     sides->setContentsMargins({});
     // The boxes are made in the order in which the tab key goes through them.
-    QWidget* pupil = buildFrame(u"SCHÜLERIN"_s, 0, kPupilFields - 1);
-    sides->addWidget(fieldColumn({pupil, contact(1)}), 1);
-    sides->addWidget(fieldColumn({contact(2), contact(3)}), 1);
+    sides->addWidget(fieldColumn({buildFrame(u"SCHÜLERIN"_s, 0, kPupilFields - 1)}), 1);
+    for (int number = 1; number <= kExcelContacts; ++number)
+        sides->addWidget(fieldColumn({contact(number)}), 1);
     return fields;
 }
 
 FieldFrame* frmExcelDaten::buildFrame(const QString& caption, int firstIndex, int lastIndex) {
-    constexpr int kCharacters = 20;
+    constexpr int kCharacters = 14;
     auto* frame = new FieldFrame(caption);
     frame->addLine(u"PROGRAMM"_s, new QLabel(u"EXCEL"_s));
     for (const auto& field : excelFields()) {

@@ -167,10 +167,11 @@ void frmSchülerIn::Prepare() {
         m_stamm->chkNeu->setChecked(m_modus.istNeu());
     }
     auto& global = Global();
-    // Back from a note: the record is where it is now, not where it was.
-    if (const int row = lvwStammdaten->rowOfKey(m_notizZeile); row > 0)
+    // Back from a note or a page: the record is where it is now, not where it was.
+    const int row = m_gemerkteZeile.isEmpty() ? 0 : lvwStammdaten->rowOfKey(m_gemerkteZeile);
+    if (row > 0)
         global.MarkierteZeile = static_cast<qint16>(row);
-    m_notizZeile.clear();
+    m_gemerkteZeile.clear();
     if (global.MarkierteZeile >= 1 && !global.ModusSchuelerNeu) {
         Eintrag_MARKIEREN(*lvwStammdaten, global.MarkierteZeile);
         ListViewStammdaten_Click();

@@ -1,10 +1,15 @@
 #include "core/frmStart.h"
+#include "core/mdlGlobal.h"
 #include "core/widgets/application.h"
 #include "core/widgets/forms.h"
+#include "lists/list_numbers.h"
+#include "lists/list_state.h"
+#include "students/frmSchuelerIn.h"
+#include "support/driving.h"
+#include "support/expected_page.h"
 #include "support/test_base.h"
 
 #include <QAction>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 using namespace kolibri;
@@ -25,6 +30,17 @@ private Q_SLOTS:
         row(u"mnuKlasseNeuLöschen"_s, u"frmKlassenNeuLöschen"_s, {}, u"Klassen Neu/Löschen"_s);
         row(u"mnuUnterrichtBeginnEnde"_s, u"frmUnterrichtszeiten"_s, {}, u"Unterrichtszeiten"_s);
         row(u"mnuStundenplan"_s, u"frmStundenplan"_s, {}, u"Stundenplan"_s);
+        row(u"mnuBelegungplanME"_s, u"frmBelegungsplan_ME_LZ"_s, u"BelegungME"_s, u"Belegungsplan"_s);
+        row(u"mnuBelegungsplanLZ"_s, u"frmBelegungsplan_ME_LZ"_s, u"BelegungLZ"_s, u"Belegungsplan"_s);
+        const QList<std::pair<QString, QString>> assignments{
+            {u"mnuZuweisungMensa"_s, u"Mensa"_s},
+            {u"mnuZuweisungLernzeiten"_s, u"Lernzeit"_s},
+            {u"mnuZuweisungArbeitsgruppen"_s, u"Arbeitsgruppe"_s}};
+        for (const auto& [entry, kind] : assignments) {
+            row(entry, u"frmKlassenZuweisung"_s, kind, u"Klassen-Zuweisung "_s + kind.toUpper());
+            // These entries are not seen, but they open their form.
+            row(u"mnuListentext"_s + kind, u"frmListentext"_s, kind, u"Listentexte"_s);
+        }
         const QList<std::pair<QString, QString>> units{
             {u"Neu"_s, u"Neueingabe"_s}, {u"Korrektur"_s, u"Korrigieren"_s}, {u"Löschen"_s, u"Löschen"_s}};
         for (const auto& [action, word] : units)
@@ -32,6 +48,7 @@ private Q_SLOTS:
                 u"Unterrichtseinheit "_s + word);
         for (const auto& action : {u"Neu"_s, u"Korrektur"_s, u"Löschen"_s}) {
             row(u"mnuBaustein"_s + action, u"frmBaustein"_s, action, u"BAUSTEIN"_s);
+            row(u"mnuWP_Notizen_"_s + action, u"frmWP_Notizen"_s, action, u"Tagesplan Notizen"_s);
             const auto offering = [&](const QString& entry, const QString& kind) {
                 row(entry + action, u"frmME_LZ_AG"_s, kind + action,
                     kind.toUpper() + u' ' + action.toUpper());
@@ -56,6 +73,59 @@ private Q_SLOTS:
         QCOMPARE(opened->Tag, tag);
         QCOMPARE(opened->windowTitle(), caption);
         QVERIFY(opened->isModal());
+    }
+
+    void aListWithoutOptionsIsShownAtOnce_data() {
+        QTest::addColumn<int>("list");
+        QTest::newRow("mnuListeNeueSchüler") << int{kNeueSchueler};
+        QTest::newRow("mnuListeNicht_OG_Schüler") << int{kNichtOgSchueler};
+        QTest::newRow("mnuListeUnterrichtszeiten") << int{kUnterrichtszeiten};
+        QTest::newRow("mnuListeBausteine") << int{kBausteine};
+    }
+
+    void aListWithoutOptionsIsShownAtOnce() {
+        QFETCH(int, list);
+        useSampleSchool();
+        auto& start = Form<frmStart>();
+        start.setState(StartState::Ready);
+        start.findChild<QAction*>(QString::fromUtf8(QTest::currentDataTag()))->trigger();
+        QCOMPARE(doorsOfTest.pages(), std::vector<quint8>{static_cast<quint8>(list)});
+        QVERIFY(Liste().ZeilenAnzahl > 0);
+    }
+
+    void aListWithOptionsAsksForThemFirst_data() {
+        QTest::addColumn<int>("list");
+        QTest::newRow("mnuListeSchülerErweiterteListe") << int{kErweiterteListe};
+        QTest::newRow("mnuListeSchülerNamensliste") << int{kNamensliste};
+        QTest::newRow("mnuSchulanfänger_Liste") << int{kSchulanfaenger};
+    }
+
+    void aListWithOptionsAsksForThemFirst() {
+        QFETCH(int, list);
+        useEmptyDatabase();
+        auto& start = Form<frmStart>();
+        start.setState(StartState::Ready);
+        start.findChild<QAction*>(QString::fromUtf8(QTest::currentDataTag()))->trigger();
+        QVERIFY(QApplication::activeModalWidget());
+        QCOMPARE(QApplication::activeModalWidget()->objectName(), u"frmDialog"_s);
+        QCOMPARE(int{Global().ListenArt}, list);
+        QVERIFY(doorsOfTest.pages().empty());
+    }
+
+    void thePrinterOfThePupilFormShowsTheSheetOfThePupil() {
+        useSampleSchool();
+        auto& start = Form<frmStart>();
+        start.setState(StartState::Ready);
+        start.findChild<QAction*>(u"mnuSchülerIn_Korrektur"_s)->trigger();
+        auto& form = Form<frmSchülerIn>();
+        QVERIFY(form.isVisible());
+        test::clickRow(test::control<ListView>(form, u"lvwStammdaten"_s), 3);
+        const QString name = test::textOf(form, u"txtSCH(0)"_s);
+        test::press(form, u"imgPrinter"_s);
+        QCOMPARE(doorsOfTest.pages(), std::vector<quint8>{51});
+        QCOMPARE(Liste().BlattSchuelerID, Global().AktuelleSchuelerID);
+        QVERIFY(QString::fromLatin1(test::pageBytes()).contains(name));
+        QCOMPARE(test::textOf(form, u"txtSCH(0)"_s), name);
     }
 };
 

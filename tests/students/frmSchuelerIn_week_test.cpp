@@ -1,4 +1,5 @@
 #include "core/widgets/application.h"
+#include "students/frmSCH_Notiz.h"
 #include "support/pupil_form.h"
 
 using namespace Qt::StringLiterals;
@@ -336,16 +337,21 @@ private Q_SLOTS:
     void theImagesOpenTheNoteOfTheirPlace() {
         change(2, {{u"GR5_DI"_s, kChor}, {u"GR1_MO"_s, kMensa1}});
         addNote(2, 5, 1, kChor);
-        QStringList opened;
-        schuelerFormZiele().notiz = [&](QWidget&, const QString& gruppe) {
-            opened << gruppe + u' ' + Global().NotizTag + (Global().NotizBearbeiten ? u" alt"_s : u" neu"_s);
-        };
         auto& form = openToCorrect();
+        auto& note = Form<frmSCH_Notiz>();
         choose(form, 2);
         press(form, u"Y_GR5(1)"_s);
-        press(form, u"N_GR1(0)"_s);
-        QCOMPARE(opened, (QStringList{u"GR5 DI alt"_s, u"GR1 MO neu"_s}));
+        QVERIFY(note.isVisible());
+        QCOMPARE(note.Tag, u"GR5"_s);
+        QCOMPARE(Global().NotizTag, u"DI"_s);
+        QVERIFY(Global().NotizBearbeiten);
         QCOMPARE(Global().MarkierteZeile, 2);
+        note.hide();
+        press(form, u"N_GR1(0)"_s);
+        QVERIFY(note.isVisible());
+        QCOMPARE(note.Tag, u"GR1"_s);
+        QCOMPARE(Global().NotizTag, u"MO"_s);
+        QVERIFY(!Global().NotizBearbeiten);
     }
 
     void aCellOfADeletedOfferingShowsEmptyAndIsErasedByTheNextOk() {

@@ -83,6 +83,10 @@ public:
 
     QString chooseFolder(const QString& title, const QString&) override { return next(title); }
     QString chooseFile(const QString& title, const QString&, const QString&) override { return next(title); }
+    QString chooseSaveFile(const QString& title, const QString& start, const QString&) override {
+        m_record.m_suggestions << start;
+        return next(title);
+    }
 
 private:
     QString next(const QString& title) {
@@ -174,6 +178,8 @@ void RecordedDoors::install() {
 }
 
 TestBase::TestBase() {
+    // The program finds its page module beside itself; a test program lies elsewhere.
+    QCoreApplication::addLibraryPath(QStringLiteral(KOLIBRI_BIN_DIR));
     g_previousHandler = qInstallMessageHandler(recordWarning);
 }
 

@@ -33,6 +33,8 @@ public:
     const std::vector<MessageBox>& boxes() const { return m_boxes; }
     /// Titles of the input, file and folder dialogs asked for.
     const QStringList& dialogs() const { return m_dialogs; }
+    /// Names that were suggested for files to be written, in order.
+    const QStringList& suggestions() const { return m_suggestions; }
     /// Orientations that the printer was told, in order.
     const std::vector<PaperOrientation>& orientations() const { return m_orientations; }
     /// Numbers of the lists whose page was shown, in order. A shown page is written as the window does it.
@@ -67,6 +69,7 @@ private:
     std::deque<QString> m_inputs;
     std::deque<QString> m_paths;
     QStringList m_dialogs;
+    QStringList m_suggestions;
     QStringList m_unexpected;
     std::optional<PaperMeasures> m_paper;
     std::vector<PaperOrientation> m_orientations;

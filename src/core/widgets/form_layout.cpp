@@ -14,18 +14,9 @@ using namespace Qt::StringLiterals;
 namespace kolibri {
 namespace {
 
-class FieldArea : public QScrollArea {
+/// Has a place as large as what stands in it, where the screen allows.
+class WholeFieldArea : public QScrollArea {
 public:
-    explicit FieldArea(QWidget* fields) {
-        setWidget(fields);
-        setWidgetResizable(true);
-        setFrameShape(QFrame::NoFrame);
-        // The keyboard goes from field to field, and the area follows.
-        setFocusPolicy(Qt::NoFocus);
-        // The ground of what is around it goes on behind the fields.
-        viewport()->setAutoFillBackground(false);
-        fields->setAutoFillBackground(false);
-    }
     QSize sizeHint() const override {
         return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
     }
@@ -112,6 +103,19 @@ QWidget* fieldColumn(const std::vector<QWidget*>& parts) {
     return area;
 }
 
+QScrollArea* fieldArea(QWidget* fields) {
+    auto* area = new WholeFieldArea;
+    area->setWidget(fields);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    // The keyboard goes from field to field, and the area follows.
+    area->setFocusPolicy(Qt::NoFocus);
+    // The ground of what is around it goes on behind the fields.
+    area->viewport()->setAutoFillBackground(false);
+    fields->setAutoFillBackground(false);
+    return area;
+}
+
 QSplitter* listBesideFields(QWidget* list, QWidget* fields) {
     auto* splitter = new QSplitter(Qt::Horizontal);
     splitter->setChildrenCollapsible(false);
@@ -120,10 +124,6 @@ QSplitter* listBesideFields(QWidget* list, QWidget* fields) {
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 0);
     return splitter;
-}
-
-QScrollArea* fieldArea(QWidget* fields) {
-    return new FieldArea(fields);
 }
 
 QSize roomOnScreen(const QWidget& form) {

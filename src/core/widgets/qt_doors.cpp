@@ -125,12 +125,22 @@ public:
         return chosen(dialog);
     }
 
+    QString chooseSaveFile(const QString& title, const QString& start, const QString& filter) override {
+        QFileDialog dialog(QApplication::activeWindow(), title, QFileInfo(start).path(), filter);
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.setFileMode(QFileDialog::AnyFile);
+        dialog.setOption(QFileDialog::DontConfirmOverwrite);
+        dialog.selectFile(QFileInfo(start).fileName());
+        dialog.setLabelText(QFileDialog::FileName, u"Dateiname:"_s);
+        return chosen(dialog, u"Speichern"_s);
+    }
+
 private:
-    static QString chosen(QFileDialog& dialog) {
+    static QString chosen(QFileDialog& dialog, const QString& accept = u"OK"_s) {
         // Qt's own translation may be missing on the machine; the office reads German all the same.
         dialog.setLabelText(QFileDialog::LookIn, u"Suchen in:"_s);
         dialog.setLabelText(QFileDialog::FileType, u"Dateityp:"_s);
-        dialog.setLabelText(QFileDialog::Accept, u"OK"_s);
+        dialog.setLabelText(QFileDialog::Accept, accept);
         dialog.setLabelText(QFileDialog::Reject, u"Abbrechen"_s);
         return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
     }
