@@ -15,6 +15,8 @@
 #include <QDir>
 #include <QTemporaryDir>
 
+#include <ctime>
+
 using namespace Qt::StringLiterals;
 using namespace kolibri;
 using namespace kolibri::bench;
@@ -40,13 +42,17 @@ void measure(Table& table, int pupils, bool overlapping) {
     if (overlapping)
         letTimesOverlap();
     const qint64 before = Global().Conn.StatementCount();
+    const std::clock_t start = std::clock();
     const Timing gathering = timed(kRounds, [] { prepareList(kZeitueberschneidungen); });
+    // What the processor worked for it: on a machine that is busy otherwise the clock on the wall says less.
+    const double worked = 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC / kRounds;
     const qint64 statements = (Global().Conn.StatementCount() - before) / kRounds;
     const int rows = Liste().ZeilenAnzahl;
     const bool fits = rows <= kMaxZeilenCodes;
     table.add({overlapping ? u"many overlaps"_s : u"as it is"_s, QString::number(pupils),
                QString::number(rows), QString::number(statements), figure(gathering.median, 1),
                figure(gathering.quickest, 1), figure(gathering.median * 1000 / pupils, 1),
+               figure(worked * 1000 / pupils, 1),
                fits ? figure(timed(kRounds, producePage).median, 1) : u"-"_s});
 }
 
@@ -57,7 +63,7 @@ int main(int argc, char** argv) {
     doors().clock = std::make_unique<SystemClock>();
     Table table(u"Report of overlaps (median of 9; target: gathering under 30 ms for 1,000 pupils)"_s,
                 {u"school"_s, u"pupils"_s, u"rows"_s, u"statements"_s, u"gathering ms"_s, u"quickest"_s,
-                 u"ms per 1,000"_s, u"writing ms"_s});
+                 u"ms per 1,000"_s, u"processor ms per 1,000"_s, u"writing ms"_s});
     for (const bool overlapping : {false, true})
         for (const int pupils : {1000, 10'000})
             measure(table, pupils, overlapping);
