@@ -117,7 +117,8 @@ void frmAnzeige_WEB_Browser::ShowPage(QWidget* opener) {
         const WaitCursor wait;
         producePage();
         followFormat();
-        // A view keeps its last picture until it has drawn the next page; nobody shall see the list of before.
+        // A view keeps its last picture until it has drawn the next page; nobody shall see the list of
+        // before.
         m_view.reset();
         ShowFile(pageFile());
     }
