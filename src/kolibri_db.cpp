@@ -1,10 +1,13 @@
-// The command line tool beside the program: makes databases without opening a window.
+// The command line tool beside the program: makes and repairs databases without opening a window.
 
+#include "core/doors.h"
 #include "core/mdlAllgemein.h"
+#include "core/mdlGlobal.h"
 #include "core/platform/places.h"
 #include "core/store/connection.h"
 #include "maintenance/jet_process.h"
 #include "maintenance/jet_takeover.h"
+#include "maintenance/mdlVers111.h"
 #include "maintenance/new_database.h"
 #include "maintenance/sample_school.h"
 #include "maintenance/spreadsheet.h"
@@ -95,13 +98,25 @@ QString makeSample(const Request& request) {
     return u"Beispielschule angelegt: %1\n%2"_s.arg(shown(file), contentOf(file));
 }
 
+/// Where the program has never been set up, the protocol of a repair goes beside the database.
+QString protocolFolder(const QString& databaseFolder) {
+    const QString base = baseFolder();
+    return QDir(base).exists() ? base : databaseFolder;
+}
+
 QString takeOverFile(const Request& request) {
     const QString folder = request.path(1);
-    // Where the program has never been set up, the protocol of a repair goes beside the database.
-    const QString base = baseFolder();
-    const QString file =
-        takeOver(request.path(0), folder, {.protocolFolder = QDir(base).exists() ? base : folder});
+    const QString file = takeOver(request.path(0), folder, {.protocolFolder = protocolFolder(folder)});
     return u"Datenbank übernommen: %1\n%2"_s.arg(shown(file), contentOf(file));
+}
+
+QString repair(const Request& request) {
+    const QString folder = request.path(0);
+    const QString protocols = protocolFolder(folder);
+    Global().DB_Pfad = folder;
+    const QString copy = repairDatabase(protocols);
+    return u"Datenbank repariert: %1\nProtokoll: %2\nStand davor: %3"_s.arg(
+        shown(DatenbankDatei(folder)), shown(protocols + u'/' + kRepairProtocol), shown(copy));
 }
 
 QString readJet(const Request& request) {
@@ -127,6 +142,11 @@ const std::vector<Verb>& verbs() {
          {},
          u"übernimmt die Datenbank einer älteren Programmversion"_s,
          takeOverFile},
+        {u"reparieren"_s,
+         {u"ORDNER"_s},
+         {},
+         u"berichtigt Notizen und Zuweisungen aus der Zeit vor Version 1.1.1"_s,
+         repair},
         {kReadJetVerb, {u"DATEI"_s, u"NEUE_DATEI"_s}, {}, {}, readJet},
         {kReadSpreadsheetVerb, {u"DATEI"_s}, {}, {}, readTable}};
     return table;
@@ -216,6 +236,7 @@ QString carryOut(const QStringList& arguments) {
 int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationVersion(QStringLiteral(KOLIBRI_VERSION));
+    doors().clock = std::make_unique<SystemClock>();
     QTextStream out(stdout);
     QTextStream err(stderr);
     try {
@@ -226,8 +247,9 @@ int main(int argc, char** argv) {
         return kWrongUsage;
     } catch (const OfficeError& error) {
         err << error.message() << Qt::endl;
-        if (!error.details().isEmpty())
-            err << error.details() << Qt::endl;
+        for (const auto& more : {error.note(), error.details()})
+            if (!more.isEmpty())
+                err << more << Qt::endl;
     } catch (const std::exception& error) {
         err << u"Unerwarteter Fehler: "_s << error.what() << Qt::endl;
     }

@@ -1,6 +1,8 @@
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
 #include "core/widgets/application.h"
+#include "maintenance/jet_process.h"
+#include "support/fixtures.h"
 #include "support/test_base.h"
 
 #include <QDir>
@@ -122,6 +124,83 @@ private Q_SLOTS:
                  qPrintable(run.err));
     }
 
+    void reparierenGivesOldLinksTheirKeysAfterASafetyCopy() {
+        test::writeFile(scratch() + u"/uralt.mdb"_s, test::fixture(u"jet/uralt/KOLIBRI_Daten.mdb"_s));
+        QCOMPARE(runTool({kReadJetVerb, scratch() + u"/uralt.mdb"_s, DatenbankDatei(home())}).code, 0);
+        const auto before = test::wholeDatabase();
+        const Run run = runTool({u"reparieren"_s, home()});
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.code, 0);
+        const QStringList copies =
+            QDir(home()).entryList({u"KOLIBRI_Daten-Sicherheitskopie-*.mdb"_s}, QDir::Files);
+        QCOMPARE(copies.size(), 1);
+        const QString protocol = home() + u"/Protokoll_Aktualisierung_SCH_Notiz.txt"_s;
+        QCOMPARE(run.out,
+                 u"Datenbank repariert: %1\nProtokoll: %2\nStand davor: %3\n"_s.arg(
+                     QDir::toNativeSeparators(DatenbankDatei(home())), QDir::toNativeSeparators(protocol),
+                     QDir::toNativeSeparators(home() + u'/' + copies.first())));
+        QCOMPARE(test::fileContent(protocol).count("\r\n"), 3);
+        const auto after = test::wholeDatabase();
+        QVERIFY(after != before);
+        QVERIFY(after[u"GR1"_s].first().contains(u"Zeit_K_Name="_s));
+        QCOMPARE(runTool({u"reparieren"_s, home()}).code, 0);
+        QCOMPARE(test::wholeDatabase(), after);
+        QVERIFY(QFile::remove(DatenbankDatei(home())));
+        QVERIFY(QFile::rename(home() + u'/' + copies.first(), DatenbankDatei(home())));
+        QCOMPARE(test::wholeDatabase(), before);
+    }
+
+    void theProtocolLiesBesideTheDatabaseWhereTheProgramWasNeverSetUp() {
+        useEmptyDatabase();
+        QVERIFY(QDir().mkpath(scratch() + u"/daten"_s));
+        QVERIFY(QFile::rename(DatenbankDatei(home()), DatenbankDatei(scratch() + u"/daten"_s)));
+        qputenv("KOLIBRI_HOME", (scratch() + u"/fehlt"_s).toLocal8Bit());
+        QCOMPARE(runTool({u"reparieren"_s, scratch() + u"/daten"_s}).code, 0);
+        QVERIFY(QFile::exists(scratch() + u"/daten/Protokoll_Aktualisierung_SCH_Notiz.txt"_s));
+        QVERIFY(!QFile::exists(scratch() + u"/fehlt"_s));
+    }
+
+    void reparierenStopsAtAnApostropheAndNamesTheCopy() {
+        useEmptyDatabase();
+        {
+            const DbSession session(u"Test"_s);
+            Global().Conn.AddNew(u"Stammdaten"_s).Set(u"GR1_MO"_s, u"Papa's Platz"_s).Update();
+        }
+        const Run refused = runTool({u"reparieren"_s, home()});
+        QCOMPARE(refused.code, 1);
+        QVERIFY2(refused.err.contains(u"enthält einen Apostroph"_s)
+                     && refused.err.contains(u"liegt in der Sicherheitskopie "_s),
+                 qPrintable(refused.err));
+        {
+            const DbSession session(u"Test"_s);
+            Global()
+                .Conn.AddNew(u"Einstellungen"_s)
+                .Set(u"Feld"_s, u"Apostroph"_s)
+                .Set(u"Grösse"_s, 1)
+                .Update();
+        }
+        QCOMPARE(runTool({u"reparieren"_s, home()}).code, 0);
+    }
+
+    void reparierenRefusesWhatIsNoDatabaseOfTheSchool_data() {
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("nothing there") << QByteArray();
+        QTest::newRow("letter") << QByteArray("Das ist ein Brief.");
+        QTest::newRow("old format") << test::fixture(u"jet/alt/KOLIBRI_Daten.mdb"_s);
+    }
+
+    void reparierenRefusesWhatIsNoDatabaseOfTheSchool() {
+        QFETCH(QByteArray, content);
+        if (!content.isEmpty())
+            test::writeFile(DatenbankDatei(home()), content);
+        const Run run = runTool({u"reparieren"_s, home()});
+        QCOMPARE(run.code, 1);
+        QVERIFY2(run.err.startsWith(u"Datenbank aktualisieren: "_s), qPrintable(run.err));
+        QCOMPARE(QDir(home()).entryList(QDir::Files).size(), content.isEmpty() ? 0 : 1);
+        if (!content.isEmpty())
+            QCOMPARE(test::fileContent(DatenbankDatei(home())), content);
+    }
+
     void wrongUsageIsToldWithTheHelp_data() {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QString>("words");
@@ -169,6 +248,7 @@ private Q_SLOTS:
         QCOMPARE(run.err, QString());
         for (const auto& words :
              {kUsage, u"  neu ORDNER\n"_s, u"  beispiel ORDNER [--schueler N] [--keim N]\n"_s,
+              u"  uebernehmen DATEI ORDNER\n"_s, u"  reparieren ORDNER\n"_s,
               u"1 bis 100000; ohne Angabe 320"_s, u"--hilfe\n"_s, u"--version\n"_s, u"nie überschrieben"_s})
             QVERIFY2(run.out.contains(words), qPrintable(words));
     }

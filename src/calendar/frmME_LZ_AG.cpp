@@ -1,10 +1,10 @@
 #include "calendar/frmME_LZ_AG.h"
 
-#include "calendar/messages.h"
 #include "calendar/offering_writes.h"
 #include "calendar/teaching_units.h"
 #include "core/mdlAllgemein.h"
 #include "core/row_id.h"
+#include "core/widgets/choice_list.h"
 #include "core/widgets/entry_box.h"
 #include "core/widgets/form_layout.h"
 #include "core/widgets/list_view.h"
@@ -43,13 +43,13 @@ const std::array<BoxLayout, kOfferingBoxes>& boxLayouts() {
 
 std::vector<ListColumn> listColumns(OfferingKind kind) {
     std::vector<ListColumn> columns{
-        {u"ID"_s, 7, SortKind::Number},       {u"K_Name"_s, 9, SortKind::Text},
-        {u"L_Name"_s, 20, SortKind::Text},    {u"Tag"_s, 6, SortKind::Text},
+        {u"ID"_s, 6, SortKind::Number},       {u"K_Name"_s, 8, SortKind::Text},
+        {u"L_Name"_s, 18, SortKind::Text},    {u"Tag"_s, 6, SortKind::Text},
         {u"Zeit_von"_s, 9, SortKind::Number}, {u"Zeit_bis"_s, 9, SortKind::Number},
-        {u"Zeit"_s, 15, SortKind::Number}};
+        {u"Zeit"_s, 13, SortKind::Number}};
     if (kind == OfferingKind::Arbeitsgruppe)
-        columns.insert(columns.end(), {{u"Betreuer/in"_s, 16}, {u"Ort"_s, 14}, {u"Anmerkung"_s, 16}});
-    columns.push_back({u"Unterrichtseinheit"_s, 15});
+        columns.insert(columns.end(), {{u"Betreuer/in"_s, 14}, {u"Ort"_s, 13}, {u"Anmerkung"_s, 17}});
+    columns.push_back({u"Unterrichtseinheit"_s, 13});
     return columns;
 }
 
@@ -65,16 +65,6 @@ QString okCaption(OfferingAction action) {
     return u"LÖSCHEN"_s;
 }
 
-QToolButton* dayImage(const QString& name, const QString& text, const QString& tip) {
-    auto* image = new QToolButton;
-    image->setObjectName(name);
-    image->setText(text);
-    image->setToolTip(tip);
-    image->setAccessibleName(tip);
-    image->setFocusPolicy(Qt::TabFocus);
-    return image;
-}
-
 } // namespace
 
 frmME_LZ_AG::frmME_LZ_AG()
@@ -83,8 +73,8 @@ frmME_LZ_AG::frmME_LZ_AG()
       txtME_LZ_AG{},
       cmbUE(new QComboBox),
       lstME_LZ_AG(new QListWidget),
-      imgAuswahlAlle(dayImage(u"imgAuswahlAlle"_s, u"alle"_s, u"Alle Tage auswählen"_s)),
-      imgAuswahlKeine(dayImage(u"imgAuswahlKeine"_s, u"keine"_s, u"Keinen Tag auswählen"_s)) {
+      imgAuswahlAlle(imageButton(u"imgAuswahlAlle"_s, u"alle"_s, u"Alle Tage auswählen"_s)),
+      imgAuswahlKeine(imageButton(u"imgAuswahlKeine"_s, u"keine"_s, u"Keinen Tag auswählen"_s)) {
     // The kind with the most columns tells the form's first width.
     lvwME_LZ_AG->setColumns(listColumns(OfferingKind::Arbeitsgruppe));
     lvwME_LZ_AG->onRowChosen([this](const QString& itemText) { zeileGewählt(itemText); });
@@ -151,6 +141,10 @@ void frmME_LZ_AG::Prepare() {
     ME_LZ_AG_EingabefelderLöschen();
     ME_LZ_AG_DatenAnzeigen();
     Zeiten_Unterrichtseinheiten_Einlesen();
+    setFirstFocus();
+}
+
+void frmME_LZ_AG::setFirstFocus() {
     if (txtME_LZ_AG[kBoxKName]->isEnabled())
         txtME_LZ_AG[kBoxKName]->setFocus();
     else
@@ -231,13 +225,13 @@ void frmME_LZ_AG::Tag_Auswählen(bool alle) {
 
 void frmME_LZ_AG::zeileGewählt(const QString& itemText) {
     ME_LZ_AG_EingabefelderLöschen();
-    m_id = RowIdOf(itemText);
+    m_clicked.id = RowIdOf(itemText);
     const DbSession session(u"Zeiten lesen"_s);
-    const Offering offering = ME_LZ_AG_DatensatzLesen(m_mode.kind, m_id);
+    const Offering offering = ME_LZ_AG_DatensatzLesen(m_mode.kind, m_clicked.id);
     ME_LZ_AG_FelderFüllen(offering);
-    Zeit_alt = offering.Zeit();
-    Tag_alt = offering[kBoxTag];
-    Zeit_K_Name_alt = offering.Zeit_K_Name();
+    m_clicked.Zeit_alt = offering.Zeit();
+    m_clicked.Tag_alt = offering[kBoxTag];
+    m_clicked.Zeit_K_Name_alt = offering.Zeit_K_Name();
 }
 
 Offering frmME_LZ_AG::eingaben() const {
@@ -265,24 +259,25 @@ void frmME_LZ_AG::ok() {
     constexpr int kYesNoQuestion = 36;
     if (!eingabenGültig())
         return;
-    if (m_mode.action == OfferingAction::Neu) {
-        neu();
-        return;
-    }
-    if (m_mode.action == OfferingAction::Löschen
+    const bool deletes = m_mode.action == OfferingAction::Löschen;
+    const DbSession session(deletes ? u"Zeiten löschen"_s : u"Zeiten speichern"_s);
+    if (deletes
         && MsgBox(u"Wollen Sie die Daten wirklich löschen?"_s, kYesNoQuestion, u"vorhandene Zeiten löschen"_s)
                == kAnswerNo)
         return;
-    meldungNochNichtDa();
+    schreiben();
 }
 
-void frmME_LZ_AG::neu() {
-    const Offering offering = eingaben();
-    const DbSession session(u"Zeiten speichern"_s);
-    ME_LZ_AG_Daten_NEU(m_mode.kind, offering);
+void frmME_LZ_AG::schreiben() {
+    qint64 written = m_clicked.id;
+    if (m_mode.action == OfferingAction::Neu)
+        written = ME_LZ_AG_Daten_NEU(m_mode.kind, eingaben());
+    else
+        ME_LZ_AG_Daten_ÄNDERN(m_mode, eingaben(), m_clicked);
     ME_LZ_AG_DatenAnzeigen();
+    lvwME_LZ_AG->showRow(lvwME_LZ_AG->rowOfKey(ItemKey(written)));
     ME_LZ_AG_EingabefelderLöschen();
-    txtME_LZ_AG[kBoxKName]->setFocus();
+    setFirstFocus();
 }
 
 } // namespace kolibri

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "calendar/offering_cascades.h"
 #include "calendar/offering_check.h"
 #include "core/widgets/forms.h"
 
@@ -29,6 +30,7 @@ private:
     /// Sets captions, and which inputs are shown and enabled, by the mode.
     void ME_LZ_AG_Format();
     void formatBoxes();
+    void setFirstFocus();
     void lstME_LZ_AG_Füllen();
     /// Shows the columns and rows of the kind; the database is open.
     void ME_LZ_AG_DatenAnzeigen();
@@ -42,7 +44,8 @@ private:
     /// Colours the boxes and says what is wrong. True when the entry can be written.
     bool eingabenGültig();
     void ok();
-    void neu();
+    /// Writes what the mode asks for, and shows the list anew with empty boxes.
+    void schreiben();
 
     OfferingMode m_mode;
     ListView* lvwME_LZ_AG;
@@ -56,11 +59,7 @@ private:
     QLabel* m_dayLabel = nullptr;
     FieldFrame* m_frame;
     QPushButton* cmdOK;
-    /// The row last clicked, and its time, day and key when it was clicked.
-    int m_id = 0;
-    QString Zeit_alt;
-    QString Tag_alt;
-    QString Zeit_K_Name_alt;
+    ClickedOffering m_clicked;
 };
 
 } // namespace kolibri

@@ -21,14 +21,6 @@ namespace {
 
 constexpr int kTimeCharacters = 8;
 
-/// A box that shows what the times belong to.
-EntryBox* displayBox(const QString& name, int characters) {
-    auto* box = new EntryBox(name, characters);
-    box->setReadOnly(true);
-    box->setFocusPolicy(Qt::ClickFocus);
-    return box;
-}
-
 } // namespace
 
 frmUnterrichtszeiten::frmUnterrichtszeiten()

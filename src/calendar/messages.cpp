@@ -10,9 +10,4 @@ void meldungKeineZeile() {
     MsgBox(u"Bitte wählen Sie zuerst eine Zeile aus!"_s);
 }
 
-void meldungNochNichtDa() {
-    constexpr int kInformation = 64;
-    MsgBox(u"Dieser Programmteil steht noch nicht zur Verfügung."_s, kInformation);
-}
-
 } // namespace kolibri

@@ -1,6 +1,7 @@
 #include "core/frmStart_run.h"
 
 #include "core/error_report.h"
+#include "core/frmEinstellungen.h"
 #include "core/frmStart.h"
 #include "core/frmStart_targets.h"
 #include "core/widgets/forms.h"
@@ -15,6 +16,8 @@ int runProgram(const QString& programFolder) {
         qCDebug(startLog, "Start");
         const StartState state = startUp(programFolder, startSteps());
         qCDebug(startLog, "Datenbank gelesen");
+        // Loaded now and kept: what its controls hold is what the other forms and the lists go by.
+        Form<frmEinstellungen>();
         auto& window = Form<frmStart>();
         window.setState(state);
         window.show();

@@ -1,22 +1,33 @@
 #include "core/frmStart_targets.h"
 
 #include "calendar/frmBaustein.h"
+#include "calendar/frmBelegungsplan_ME_LZ.h"
 #include "calendar/frmKlassenNeuLoeschen.h"
+#include "calendar/frmKlassenZuweisung.h"
+#include "calendar/frmListentext.h"
 #include "calendar/frmME_LZ_AG.h"
 #include "calendar/frmStundenplan.h"
 #include "calendar/frmUnterrichtseinheiten.h"
 #include "calendar/frmUnterrichtszeiten.h"
+#include "core/frmEinstellungen.h"
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
 #include "core/menu_table.h"
 #include "core/platform/places.h"
-#include "core/reports_entry.h"
 #include "core/settings_file.h"
 #include "core/startup.h"
 #include "core/widgets/forms.h"
+#include "lists/care/frmME_Individuell.h"
+#include "lists/care/frmME_LZ_Anzeigen.h"
+#include "lists/care/frmME_jeSchueler.h"
+#include "lists/dayplan/frmWochenplan.h"
 #include "lists/frmDialog.h"
+#include "lists/groups/frmAG_Anzeigen.h"
 #include "lists/list_numbers.h"
+#include "lists/list_state.h"
 #include "lists/list_table.h"
+#include "lists/notes/frmListeNotizen.h"
+#include "lists/reports/report_entry.h"
 #include "maintenance/backup.h"
 #include "maintenance/excel_import.h"
 #include "maintenance/frmExcelDaten.h"
@@ -30,6 +41,7 @@
 #include "maintenance/tool_process.h"
 #include "maintenance/upgrade.h"
 #include "students/frmSchuelerIn.h"
+#include "students/frmWP_Notizen.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -47,20 +59,9 @@ void notYetThere() {
     MsgBox(u"Dieser Programmteil steht noch nicht zur Verfügung."_s, kInformation);
 }
 
-void report(QWidget*, const MenuTask&) {
-    askForSchoolStarters();
-    notYetThere();
-}
-
-/// Shows the list of the menu entry at once, without asking for options.
-void list(QWidget*, const MenuTask& task) {
-    showList(task.listenArt);
-}
-
-void occupancy(QWidget*, const MenuTask& task) {
-    constexpr quint8 kMensaPlan = 13;
-    if (occupancyCanBeShown(task.listenArt == kMensaPlan ? u"ME"_s : u"LZ"_s))
-        notYetThere();
+/// Runs a command that is told the number of a list.
+template <void (*show)(quint8)> void list(QWidget*, const MenuTask& task) {
+    show(task.listenArt);
 }
 
 void info(QWidget*, const MenuTask&) {
@@ -75,6 +76,15 @@ public:
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
+
+/// Looks at every pupil of the school before the page opens.
+void overlapReport(QWidget*, const MenuTask& task) {
+    {
+        const WaitCursor wait;
+        prepareList(task.listenArt);
+    }
+    doors().page->show();
+}
 
 /// Lets the user choose a folder, makes a database in it, and has the program look there from its next start
 /// on.
@@ -115,6 +125,17 @@ template <class T> void open(QWidget* window, const MenuTask& task) {
     form.ShowOver(window);
 }
 
+/// Shows the sheet of the pupil selected on the pupil form.
+void printPupil() {
+    Liste().BlattSchuelerID = Global().AktuelleSchuelerID;
+    showList(kStammdatenBlatt);
+}
+
+void pupilForm(QWidget* window, const MenuTask& task) {
+    schuelerFormZiele().drucken = printPupil;
+    open<frmSchülerIn>(window, task);
+}
+
 void excelImport(QWidget* window, const MenuTask&) {
     const auto sheet = ExcelDateiOeffnen(toolPath());
     if (!sheet)
@@ -136,11 +157,13 @@ StartSteps startSteps() {
 const std::map<QString, MenuTarget>& menuTargets() {
     static const std::map<QString, MenuTarget> targets{
         {u"Beenden"_s, [](QWidget* window, const MenuTask&) { window->close(); }},
-        {u"BerichtMitFrage"_s, report},
-        {u"Belegung"_s, occupancy},
+        {u"BerichtMitFrage"_s, list<Bericht_Zeigen>},
+        {u"BerichtArbeitsgruppen"_s, list<showList>},
+        {u"Belegung"_s, list<Belegung_Zeigen>},
+        {u"ListeZeitüberschneidungen"_s, overlapReport},
         {u"Info"_s, info},
-        {u"SchülerListeSofort"_s, list},
-        {u"ListeUnterrichtszeiten"_s, list},
+        {u"SchülerListeSofort"_s, list<showList>},
+        {u"ListeUnterrichtszeiten"_s, list<showList>},
         {u"ListeBausteine"_s, [](QWidget*, const MenuTask&) { showList(kBausteine); }},
         {u"frmDialog"_s, open<frmDialog>},
         {u"Datensicherung"_s, command<DatensicherungErstellen>},
@@ -151,13 +174,24 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"NeueDatenbank"_s, newDatabase},
         {u"Beispielschule"_s, sampleSchool},
         {u"frmBaustein"_s, open<frmBaustein>},
+        {u"frmAG_Anzeigen"_s, open<frmAG_Anzeigen>},
+        {u"frmBelegungsplan_ME_LZ"_s, open<frmBelegungsplan_ME_LZ>},
+        {u"frmEinstellungen"_s, open<frmEinstellungen>},
         {u"frmExcelInfo"_s, open<frmExcelInfo>},
         {u"frmKlassenNeuLöschen"_s, open<frmKlassenNeuLöschen>},
+        {u"frmKlassenZuweisung"_s, open<frmKlassenZuweisung>},
+        {u"frmListeNotizen"_s, open<frmListeNotizen>},
+        {u"frmListentext"_s, open<frmListentext>},
+        {u"frmME_Individuell"_s, open<frmME_Individuell>},
         {u"frmME_LZ_AG"_s, open<frmME_LZ_AG>},
-        {u"frmSchülerIn"_s, open<frmSchülerIn>},
+        {u"frmME_LZ_Anzeigen"_s, open<frmME_LZ_Anzeigen>},
+        {u"frmME_jeSchüler"_s, open<frmME_jeSchüler>},
+        {u"frmSchülerIn"_s, pupilForm},
         {u"frmStundenplan"_s, open<frmStundenplan>},
         {u"frmUnterrichtseinheiten"_s, open<frmUnterrichtseinheiten>},
         {u"frmUnterrichtszeiten"_s, open<frmUnterrichtszeiten>},
+        {u"frmWP_Notizen"_s, open<frmWP_Notizen>},
+        {u"frmWochenplan"_s, open<frmWochenplan>},
         {QString(), [](QWidget*, const MenuTask&) { notYetThere(); }},
     };
     return targets;

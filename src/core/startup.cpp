@@ -2,6 +2,7 @@
 
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
+#include "core/office_settings.h"
 #include "core/platform/places.h"
 #include "core/runtime_error.h"
 #include "core/settings_file.h"
@@ -41,17 +42,6 @@ void readDatabasePath(const QString& programFolder) {
     const auto carriedOver = readDatabaseFolder(programFolder + u'/' + kSettingsFileName);
     global.DB_Pfad = carriedOver.value_or(QDir::toNativeSeparators(baseFolder()));
     writeDatabaseFolder(settingsFile(), global.DB_Pfad);
-}
-
-void checkIsSchoolDatabase() {
-    auto& conn = Global().Conn;
-    for (const auto& table : schema())
-        if (!table.later && !conn.HasTable(table.name))
-            throw StoreError(
-                StoreError::Kind::Foreign,
-                u"Die Datei %1 ist keine Datenbank dieses Programms. Sie wurde nicht verändert."_s.arg(
-                    Global().ConnString),
-                table.name);
 }
 
 void readAddress() {
@@ -99,6 +89,17 @@ void readOverlapSwitch() {
 
 } // namespace
 
+void SchuldatenbankPruefen() {
+    auto& conn = Global().Conn;
+    for (const auto& table : schema())
+        if (!table.later && !conn.HasTable(table.name))
+            throw StoreError(
+                StoreError::Kind::Foreign,
+                u"Die Datei %1 ist keine Datenbank dieses Programms. Sie wurde nicht verändert."_s.arg(
+                    Global().ConnString),
+                table.name);
+}
+
 void KontaktBezeichnungenLesen() {
     auto& global = Global();
     Recordset rs =
@@ -128,7 +129,8 @@ StartState startUp(const QString& programFolder, const StartSteps& steps) {
         return StartState::WithoutDatabase;
     {
         const DbSession session(u"Programmstart"_s);
-        checkIsSchoolDatabase();
+        SchuldatenbankPruefen();
+        global.Conn.AllowApostrophes(ApostropheErlaubt(global.Conn));
     }
     if (steps.bringUpToDate)
         steps.bringUpToDate();

@@ -29,6 +29,10 @@ struct StartSteps {
 /// @throws RuntimeError, StoreError for everything but a missing database
 StartState startUp(const QString& programFolder, const StartSteps& steps = {});
 
+/// Ends the operation when the open database is that of another program.
+/// @throws StoreError (Foreign)
+void SchuldatenbankPruefen();
+
 /// Reads what the school calls the ten contact fields into the shared state; the database is open.
 void KontaktBezeichnungenLesen();
 

@@ -56,12 +56,21 @@ QString plain(QString text) {
     return text.replace(u'&', u"&&"_s);
 }
 
+/// As much of a header or footer as the format takes, without half of a doubled "&" at its end.
+QString fitted(const QString& text, qsizetype room) {
+    QString cut = text.left(room);
+    const auto marks = std::find_if(cut.crbegin(), cut.crend(), [](QChar c) { return c != u'&'; });
+    if (cut.size() < text.size() && (marks - cut.crbegin()) % 2 != 0)
+        cut.chop(1);
+    return cut;
+}
+
 QString header(const ListState& liste) {
     QString text = liste.Daten.rows() > 0 && liste.Daten.columns() > 0 ? plain(liste.Daten(1, 1)) : QString();
     // A digit would be read as part of the font size before it.
     if (!text.isEmpty() && text.at(0).isDigit())
         text.prepend(u' ');
-    return (u"&C&\"Arial,Fett\"&11"_s + text).left(kHeaderCharacters);
+    return fitted(u"&C&\"Arial,Fett\"&11"_s + text, kHeaderCharacters);
 }
 
 QString footer() {
@@ -69,7 +78,7 @@ QString footer() {
     const QString address =
         plain(global.SchuleOrganisation + u", "_s + global.SchuleStrasse + u", "_s + global.SchulePLZOrt);
     const QString date = u"&R &D"_s;
-    return (u"&L"_s + address).left(kHeaderCharacters - date.size()) + date;
+    return fitted(u"&L"_s + address, kHeaderCharacters - date.size()) + date;
 }
 
 void writeTexts(lxw_worksheet* sheet, const std::vector<QStringList>& texts, lxw_format* heading) {
@@ -118,16 +127,26 @@ void writeWorkbook(const QString& file, SheetRows rows) {
             u"%1: %2"_s.arg(QDir::toNativeSeparators(file), QString::fromUtf8(lxw_strerror(error))));
 }
 
-void exportToSpreadsheet(SheetRows rows) {
+namespace {
+
+/// Writes the workbook under a name of its own among the user's temporary files.
+QString newWorkbook(SheetRows rows) {
     QTemporaryFile place(QDir::tempPath() + u"/Kolibri-Liste-XXXXXX.xlsx"_s);
     if (!place.open())
         throw RuntimeError::fileAccess(
             u"%1: %2"_s.arg(QDir::toNativeSeparators(place.fileTemplate()), place.errorString()));
     const QString file = place.fileName();
-    // The office keeps the file for as long as it likes.
-    place.setAutoRemove(false);
     place.close();
     writeWorkbook(file, rows);
+    // The office keeps the file for as long as it likes; only one that could not be written goes away again.
+    place.setAutoRemove(false);
+    return file;
+}
+
+} // namespace
+
+void exportToSpreadsheet(SheetRows rows) {
+    const QString file = newWorkbook(rows);
     if (!doors().desktop->open(file))
         MsgBox(u"Auf diesem Rechner ist kein Programm für Tabellen eingerichtet. Die Tabelle liegt hier:\n"_s
                    + QDir::toNativeSeparators(file),

@@ -3,6 +3,7 @@
 #include "core/mdlAllgemein.h"
 #include "lists/list_numbers.h"
 #include "lists/list_state.h"
+#include "lists/page_writer.h"
 
 using namespace Qt::StringLiterals;
 
@@ -51,6 +52,19 @@ void Name_Formatieren(const QString& vorname, const QString& nachname, int spalt
     const bool firstNameFirst = Global().NameZuerst.at(format) == u"Vorname Nachname";
     auto& liste = Liste();
     liste.Daten(spalte, liste.ZeilenNr) = firstNameFirst ? first + u' ' + family : family + u' ' + first;
+}
+
+QStringList namesInCapitals(const QStringList& names) {
+    QStringList capitals;
+    for (const auto& name : names)
+        capitals << inCapitals(name);
+    capitals.removeDuplicates();
+    return capitals;
+}
+
+void settingMissing(const QString& what) {
+    throw StoreError(StoreError::Kind::Programming, u"In den Einstellungen fehlt %1."_s.arg(what),
+                     u"Einstellungen"_s);
 }
 
 int pupilCount() {

@@ -13,6 +13,13 @@ QString shortenedName(const QString& name);
 /// kind of list. With a shortening that is none of the three the cell stays as it is.
 void Name_Formatieren(const QString& vorname, const QString& nachname, int spalte, NameFormat format);
 
+/// Names of classes or class letters in capitals, as some option forms offer them, each once.
+QStringList namesInCapitals(const QStringList& names);
+
+/// Ends a list because the settings lack something that it cannot do without: "die Zeile ..." .
+/// @throws StoreError always
+[[noreturn]] void settingMissing(const QString& what);
+
 /// Number of pupils in the open database, active or not.
 int pupilCount();
 

@@ -31,6 +31,7 @@ void ListState::naechsteZeile() {
 
 void ListState::dimensionieren(int spalten, int zeilen, int zeilenCodes) {
     Daten.redimension(spalten, zeilen);
+    BelegungMark.redimension(spalten, zeilen);
     ZeilenCode.redimension(zeilenCodes);
 }
 

@@ -1,12 +1,16 @@
 #pragma once
 
 #include "core/doors.h"
+#include "core/mdlGlobal.h"
 #include "lists/care/care_options.h"
 #include "lists/care/mensa_pupils.h"
 #include "lists/cell_table.h"
 #include "lists/dialog_options.h"
 #include "lists/groups/group_options.h"
+#include "lists/notes/note_options.h"
 #include "lists/page_values.h"
+#include "lists/reports/occupancy_plan.h"
+#include "students/fees.h"
 
 #include <QDate>
 #include <QString>
@@ -22,8 +26,6 @@ inline constexpr int kMaxSpalten = 99;
 inline constexpr int kMaxZeilenCodes = 999;
 /// The row counter has 16 bits.
 inline constexpr int kMaxZeilenNr = 32767;
-/// Fees of a pupil.
-inline constexpr int kBeitraege = 7;
 
 /// Alignment of a column; any other number leaves the alignment of the list before.
 enum Ausrichtung : quint8 { kLinks = 1, kRechts = 2, kMitte = 3 };
@@ -46,6 +48,8 @@ struct ListState {
     CellTable Daten;
     /// What the writer does with a row; a row whose code is no number is skipped.
     ListArray<QString> ZeilenCode{kMaxZeilenCodes, u"ZeilenCode"};
+    /// Marks on the cells of the occupancy plan.
+    CellTable BelegungMark;
     int ZeilenAnzahl = 0;
     /// The row being gathered.
     int ZeilenNr = 0;
@@ -74,9 +78,13 @@ struct ListState {
     CareOptions MensaLernzeit;
     GroupOptions Arbeitsgruppe;
     MensaPupilOptions MensaSchueler;
+    NoteOptions Notizen;
     /// The pupil whose master data sheet is asked for, and the heading of that sheet.
     qint64 BlattSchuelerID = 0;
     QString BlattTitel;
+
+    /// The occupancy plan behind the rows, from which its picture is drawn.
+    OccupancyPlan Belegung;
 
     /// Values of the page, filled anew for each.
     PageValues Seite;

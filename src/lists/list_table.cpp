@@ -13,8 +13,11 @@
 #include "lists/list_state.h"
 #include "lists/master_data_sheet.h"
 #include "lists/module_list.h"
+#include "lists/notes/note_lists.h"
+#include "lists/overlaps/overlap_report.h"
 #include "lists/pupil_list_gather.h"
 #include "lists/pupil_list_write.h"
+#include "lists/reports/reports.h"
 
 using namespace Qt::StringLiterals;
 
@@ -28,10 +31,21 @@ const std::vector<ListEntry>& listTable() {
         {kListeMensa, BeforeWindow, MensaLernzeit_Sammeln, MensaLernzeit_Schreiben},
         {kListeLernzeit, BeforeWindow, MensaLernzeit_Sammeln, MensaLernzeit_Schreiben},
         {kListeArbeitsgruppe, BeforeWindow, Arbeitsgruppe_Sammeln, Arbeitsgruppe_Schreiben},
+        {kZeitueberschneidungen, BeforeWindow, Zeitueberschneidungen_Sammeln,
+         Zeitueberschneidungen_Schreiben},
         {kTagesplan, BeforeWindowStoreInPage, Tagesplan_Sammeln, Tagesplan_Schreiben},
+        {kMensaGesamt, InPage, BerichtGesamt_Sammeln, Bericht_Schreiben},
+        {kMensaJeKlasse, InPage, BerichtJeKlasse_Sammeln, Bericht_Schreiben},
+        {kMensaBelegung, InPage, Belegung_Sammeln, Belegung_Schreiben},
         {kMensaJeSchueler, InPage, MensaJeSchueler_Sammeln, MensaSchueler_Schreiben},
         {kMensaWoche, InPage, MensaWoche_Sammeln, MensaSchueler_Schreiben},
         {kMensaTag, InPage, MensaTag_Sammeln, MensaSchueler_Schreiben},
+        {kLernzeitGesamt, InPage, BerichtGesamt_Sammeln, Bericht_Schreiben},
+        {kLernzeitJeKlasse, InPage, BerichtJeKlasse_Sammeln, Bericht_Schreiben},
+        {kLernzeitBelegung, InPage, Belegung_Sammeln, Belegung_Schreiben},
+        {kArbeitsgruppenGesamt, InPage, BerichtArbeitsgruppen_Sammeln, Bericht_Schreiben},
+        {kNotizenZuweisungen, BeforeWindowStoreInPage, NotizenZuweisungen_Sammeln, Notizen_Schreiben},
+        {kNotizenTagesplan, BeforeWindowStoreInPage, NotizenTagesplan_Sammeln, Notizen_Schreiben},
         {kStammdatenBlatt, BeforeWindow, StammdatenBlatt_Sammeln, StammdatenBlatt_Schreiben},
         {kBausteine, BeforeWindow, Bausteine_Sammeln, Bausteine_Schreiben},
         {kSchulanfaenger, BeforeWindow, Schulanfaenger_Sammeln, Schuelerliste_Schreiben},

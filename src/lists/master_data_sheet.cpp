@@ -57,6 +57,7 @@ struct ContactLine {
     std::vector<int> fields;
 };
 
+/// The labels are those that parents have on their sheets from all the years before, slip included.
 const std::vector<ContactLine>& contactLines() {
     static const std::vector<ContactLine> lines{
         {u"Gesetzl. Vertreter"_s, {0, 1}}, {u"Strasse"_s, {2}}, {u"PLZ"_s, {3}},          {u"Ort"_s, {4}},

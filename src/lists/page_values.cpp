@@ -3,6 +3,7 @@
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
 #include "core/runtime_error.h"
+#include "lists/list_helpers.h"
 
 #include <limits>
 
@@ -20,15 +21,14 @@ const std::array<QString, kFontGroups>& fontKeys() {
 }
 
 /// A number that the page keeps in one byte.
-quint8 byteOf(qint64 number, const QString& what) {
+quint8 byteOf(const QVariant& value, const QString& what) {
+    bool isNumber = false;
+    const qint64 number = value.toLongLong(&isNumber);
+    if (!isNumber)
+        throw RuntimeError::typeMismatch(u"%1: %2"_s.arg(what, value.toString()));
     if (number < 0 || number > std::numeric_limits<quint8>::max())
         throw RuntimeError::overflow(u"%1: %2"_s.arg(what).arg(number));
     return static_cast<quint8>(number);
-}
-
-[[noreturn]] void fontMissing(const QString& key) {
-    throw StoreError(StoreError::Kind::Programming,
-                     u"In den Einstellungen fehlt die Schriftgröße \"%1\"."_s.arg(key), u"Einstellungen"_s);
 }
 
 /// What the settings of a day or a pair of days put over the columns of the Tagesplan.
@@ -57,8 +57,8 @@ void loadFonts(PageValues& values) {
         const QString& key = fontKeys()[group];
         const Recordset rs = Global().Conn.Open(u"SELECT * FROM Einstellungen WHERE Feld = ?"_s, {key});
         if (rs.Eof() || rs.IsNull(u"Grösse"))
-            fontMissing(key);
-        values.FontGroesse[group] = byteOf(rs.Number(u"Grösse"), u"Schriftgröße "_s + key);
+            settingMissing(u"die Schriftgröße \"%1\""_s.arg(key));
+        values.FontGroesse[group] = byteOf(rs.Value(u"Grösse"), u"Schriftgröße "_s + key);
         values.FontGewicht[group] = rs.Bool(u"Fett") ? u"bold"_s : u"normal"_s;
         values.FontStil[group] = rs.Bool(u"Kursiv") ? u"italic"_s : u"normal"_s;
     }
@@ -76,7 +76,7 @@ void setTagKopf(PageValues& values, QStringView cmbTag) {
 void countTeachingUnits(PageValues& values) {
     const DbSession session(u"Unterrichtseinheiten zählen"_s);
     const Recordset rs = Global().Conn.Open(u"SELECT COUNT(*) FROM Unterrichtseinheiten"_s);
-    values.AnzahlUE = byteOf(rs.Value(0).toLongLong(), u"Unterrichtseinheiten"_s);
+    values.AnzahlUE = byteOf(rs.Value(0), u"Unterrichtseinheiten"_s);
 }
 
 } // namespace kolibri

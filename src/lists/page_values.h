@@ -32,7 +32,8 @@ struct PageValues {
 };
 
 /// Reads the fonts of the five groups from the settings.
-/// @throws StoreError when a row or its size is missing, RuntimeError 6 for a size above 255
+/// @throws StoreError when a row or its size is missing, RuntimeError 6 for a size above 255 and 13 for
+/// one that is no number
 void loadFonts(PageValues& values);
 /// Sets the headings of the days from the chosen day or pair of days ("MO", "MI/DO"), all empty for any other
 /// text.

@@ -3,6 +3,7 @@
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
 #include "lists/column_builder.h"
+#include "lists/list_helpers.h"
 #include "lists/list_numbers.h"
 
 using namespace Qt::StringLiterals;
@@ -32,7 +33,11 @@ void addContacts(ColumnBuilder& builder, ListState& liste) {
                                u" WHERE Feld = 'Kontakt' AND KategorieKontakte = ? ORDER BY Nummer ASC"_s,
                                {category});
         for (; !rs.Eof(); rs.MoveNext()) {
-            builder.add(rs.Text(u"Bezeichnung"), 15, kLinks, u"Kontakt"_s);
+            const QString heading = rs.Text(u"Bezeichnung");
+            // Taken for 0, it would put the names of the parents under any heading.
+            if (rs.IsNull(u"Nummer"))
+                settingMissing(u"die Nummer des Kontaktfeldes \"%1\""_s.arg(heading));
+            builder.add(heading, 15, kLinks, u"Kontakt"_s);
             liste.KontaktNummern.push_back(static_cast<int>(rs.Number(u"Nummer")));
         }
     }
@@ -42,9 +47,12 @@ void addContacts(ColumnBuilder& builder, ListState& liste) {
 void addFees(ColumnBuilder& builder, ListState& liste) {
     const DbSession session(u"Beiträge lesen"_s);
     for (int fee = 0; fee < kBeitraege; ++fee) {
-        const Recordset rs =
-            Global().Conn.Open(u"SELECT * FROM Einstellungen WHERE Feld = ?"_s, {u"Beitrag_%1"_s.arg(fee)});
-        if (rs.Eof() || !rs.Bool(u"BeitragAktiv"))
+        const QString key = u"Beitrag_%1"_s.arg(fee);
+        const Recordset rs = Global().Conn.Open(u"SELECT * FROM Einstellungen WHERE Feld = ?"_s, {key});
+        // A list of fees that leaves one out unasked would be taken for complete.
+        if (rs.Eof())
+            settingMissing(u"die Zeile \"%1\""_s.arg(key));
+        if (!rs.Bool(u"BeitragAktiv"))
             continue;
         builder.add(rs.Text(u"BeitragBezeichnung"), 7, kRechts);
         liste.BeitragNummern.push_back(fee);

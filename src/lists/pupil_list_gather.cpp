@@ -35,6 +35,7 @@ PupilChoice filteredPupils(const DialogOptions& options) {
     const QString text = options.cmbFiltern.at(static_cast<std::size_t>(options.optFiltern));
     if (text == kAllesAuswaehlen)
         return {u"aktiv = true AND Schulstufe > 0 AND NichtOG = false"_s, {}};
+    // By grade or class letter the office also finds its school starters, by class it does not.
     switch (options.optFiltern) {
     case PupilFilter::Klasse:
         return {u"aktiv = true AND Schulstufe > 0 AND Klasse = ? AND NichtOG = false"_s, {text}};
@@ -69,7 +70,8 @@ void Namensliste_Sammeln() {
 
 void Schulanfaenger_Sammeln() {
     QString condition = u"aktiv = true AND Schulstufe = 0"_s;
-    // Sorted by two levels the list leaves out those who take no part in the care, and only then.
+    // Sorted by two levels the list leaves out those who take no part in the care, and only then: the office
+    // prints the one form for the school, which takes in all of them, and the other for the care.
     if (Liste().Dialog.optEbene == 2)
         condition += u" AND NichtOG = false"_s;
     gather({condition, {}}, sortOrder());

@@ -74,6 +74,7 @@ void PupilRows::fillPlainColumns(const Recordset& pupil) {
     for (const auto& [column, source, field] : m_plain) {
         QString& cell = m_liste.Daten(column, row);
         if (source == Source::RowNumber)
+            // The number is that of the row: the office counts down the sheet with it, contact rows too.
             cell = QString::number(row);
         else if (source == Source::FullName)
             cell = pupil.Text(m_name) + u' ' + pupil.Text(m_firstName);
@@ -133,6 +134,7 @@ void PupilRows::fillFees(const Recordset& pupil) {
         const QVariant value = pupil.Value(m_fees[i]);
         QString& cell = m_liste.Daten(column++, m_liste.ZeilenNr);
         if (value.isNull()) {
+            // With a point: so the office tells a fee nobody has entered from one that was set to nothing.
             cell = u"0.00"_s;
             continue;
         }

@@ -18,8 +18,13 @@ inline const QString kCodeSumme = QStringLiteral("22");
 inline const QString kCodeTabelleEnde = QStringLiteral("29");
 /// Beginning of a table behind which the sheet does not end.
 inline const QString kCodeTabelleOhneUmbruch = QStringLiteral("23");
+/// The same number in a report: a line of text above a table.
+inline const QString kCodeTextzeile = QStringLiteral("23");
 /// A pupil with whom a new sheet begins.
 inline const QString kCodeNeuesBlatt = QStringLiteral("91");
+
+/// The mark of a cell of the occupancy plan with more pupils than places.
+inline const QString kMarkUeberbelegt = QStringLiteral("2");
 
 /// True for a code that a writer acts on.
 inline bool isRowCode(const QString& code) {

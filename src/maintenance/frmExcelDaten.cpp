@@ -9,26 +9,12 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollArea>
-#include <QScrollBar>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace kolibri {
 namespace {
-
-/// The fields are many: on a small screen or with a large font they are scrolled. Wants to show them all.
-class FieldArea : public QScrollArea {
-public:
-    explicit FieldArea(QWidget* fields) {
-        setWidget(fields);
-        setWidgetResizable(true);
-        setFrameShape(QFrame::NoFrame);
-    }
-    QSize sizeHint() const override {
-        return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
-    }
-};
 
 QRadioButton* option(const QString& name, const QString& caption) {
     auto* button = new QRadioButton(caption);
@@ -42,10 +28,10 @@ frmExcelDaten::frmExcelDaten()
     : FormWindow(u"frmExcelDaten"_s),
       optÜberschreibenJA(option(u"optÜberschreibenJA"_s, u"&Ja"_s)),
       optÜberschreibenNein(option(u"optÜberschreibenNein"_s, u"&Nein"_s)) {
-    constexpr int kLines = 48;
+    constexpr int kLines = 34;
     setWindowTitle(u"Excel Daten Importieren"_s);
     auto* column = new QVBoxLayout(this);
-    column->addWidget(new FieldArea(buildFields()), 1);
+    column->addWidget(fieldArea(buildFields()), 1);
     column->addWidget(buildMode());
     connect(addEditorButtons(*this, *column), &QPushButton::clicked, this, [this] { ok(); });
     setFirstSize(*this, kLines);
@@ -61,14 +47,14 @@ QWidget* frmExcelDaten::buildFields() {
     auto* sides = new QHBoxLayout(fields);
     sides->setContentsMargins({});
     // The boxes are made in the order in which the tab key goes through them.
-    QWidget* pupil = buildFrame(u"SCHÜLERIN"_s, 0, kPupilFields - 1);
-    sides->addWidget(fieldColumn({pupil, contact(1)}), 1);
-    sides->addWidget(fieldColumn({contact(2), contact(3)}), 1);
+    sides->addWidget(fieldColumn({buildFrame(u"SCHÜLERIN"_s, 0, kPupilFields - 1)}), 1);
+    for (int number = 1; number <= kExcelContacts; ++number)
+        sides->addWidget(fieldColumn({contact(number)}), 1);
     return fields;
 }
 
 FieldFrame* frmExcelDaten::buildFrame(const QString& caption, int firstIndex, int lastIndex) {
-    constexpr int kCharacters = 20;
+    constexpr int kCharacters = 14;
     auto* frame = new FieldFrame(caption);
     frame->addLine(u"PROGRAMM"_s, new QLabel(u"EXCEL"_s));
     for (const auto& field : excelFields()) {

@@ -1,12 +1,17 @@
 #include "maintenance/mdlVers111.h"
 
+#include "core/doors.h"
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
+#include "core/office_settings.h"
 #include "core/platform/places.h"
 #include "core/progress.h"
 #include "core/runtime_error.h"
+#include "core/startup.h"
+#include "core/store/safety_copy.h"
 #include "core/windows1252.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QSaveFile>
 
@@ -158,10 +163,25 @@ void repairLinks(Connection& conn, const QString& protocolFolder) {
     }
 }
 
-void DatenbankAktualisieren() {
+QString repairDatabase(const QString& protocolFolder) {
     const Progress progress(u"Die Datenbank wird aktualisiert..."_s, 1);
     const DbSession session(u"Datenbank aktualisieren"_s);
-    repairLinks(Global().Conn, baseFolder());
+    auto& conn = Global().Conn;
+    SchuldatenbankPruefen();
+    conn.AllowApostrophes(ApostropheErlaubt(conn));
+    const QString copy = makeSafetyCopy(conn, doors().clock->now());
+    try {
+        repairLinks(conn, protocolFolder);
+    } catch (OfficeError& error) {
+        error.addNote(u"Der Stand vor der Aktualisierung liegt in der Sicherheitskopie %1."_s.arg(
+            QDir::toNativeSeparators(copy)));
+        throw;
+    }
+    return copy;
+}
+
+void DatenbankAktualisieren() {
+    repairDatabase(baseFolder());
 }
 
 } // namespace kolibri

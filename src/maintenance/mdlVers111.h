@@ -15,6 +15,11 @@ inline const QString kRepairProtocol = QStringLiteral("Protokoll_Aktualisierung_
 /// @throws StoreError, and RuntimeError 75 when the protocol cannot be written; the steps before stay done
 void repairLinks(Connection& conn, const QString& protocolFolder);
 
+/// Repairs the database in DB_Pfad, after a safety copy. The protocol goes into the folder.
+/// @returns the path of the copy
+/// @throws as repairLinks, with the place of the copy; StoreError when the copy cannot be made
+QString repairDatabase(const QString& protocolFolder);
+
 /// The hidden menu entry for administrators. Says nothing at the end.
 void DatenbankAktualisieren();
 

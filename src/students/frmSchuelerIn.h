@@ -23,12 +23,11 @@ class SchuelerKontakte;
 class SchuelerStamm;
 class SchuelerWoche;
 
-/// What the pupil form opens. Set where all forms are known; without one nothing opens.
+/// What the pupil form opens beyond its own part of the program. Set where all forms are known; without one
+/// nothing opens.
 struct SchuelerFormZiele {
-    /// Shows the record of the pupil AktuelleSchuelerID on a page, for printing.
-    std::function<void(QWidget& form)> drucken;
-    /// Shows the note on the assignment of a group ("GR1" to "GR7") and the day NotizTag.
-    std::function<void(QWidget& form, const QString& gruppe)> notiz;
+    /// Shows the record of the pupil AktuelleSchuelerID on a page, for printing, until the page is closed.
+    std::function<void()> drucken;
 };
 SchuelerFormZiele& schuelerFormZiele();
 
@@ -71,6 +70,8 @@ private:
     void klasseVerlassen();
     void nichtOG(bool gesetzt);
     void notiz(int gruppe, int tag, bool bearbeiten);
+    /// Keeps the row of the record shown, to be marked again when this form comes back.
+    void zeileMerken();
     void Search_Nachname_Schüler();
     void drucken();
     void StempelLoesen();
@@ -99,8 +100,8 @@ private:
     /// The list shows the placeholder in one column.
     bool m_platzhalter = false;
     bool m_spaltenDa = false;
-    /// The row from which a note was opened: where it stands may have changed when the note is done.
-    QString m_notizZeile;
+    /// The row from which another window was opened: where it stands may have changed when that is closed.
+    QString m_gemerkteZeile;
 
     ListView* lvwStammdaten;
     QLabel* lblModus;

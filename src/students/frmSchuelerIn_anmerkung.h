@@ -3,10 +3,10 @@
 #include <QWidget>
 
 class QLabel;
-class QTextEdit;
-class QToolButton;
 
 namespace kolibri {
+
+class RichTextBox;
 
 /// The remark of the pupil form: formatted text, with what it takes of the column beside it.
 class SchuelerAnmerkung : public QWidget {
@@ -22,10 +22,9 @@ public:
     bool pruefen();
 
 private:
-    QWidget* formatButtons();
     void zaehlen();
 
-    QTextEdit* rtfAnmerkung;
+    RichTextBox* rtfAnmerkung;
     QLabel* lblZeichen;
 };
 

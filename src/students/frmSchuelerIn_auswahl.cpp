@@ -2,6 +2,7 @@
 #include "core/row_id.h"
 #include "core/widgets/list_view.h"
 #include "students/edit_guard.h"
+#include "students/frmSCH_Notiz.h"
 #include "students/frmSchuelerIn.h"
 #include "students/frmSchuelerIn_ampel.h"
 #include "students/frmSchuelerIn_anmerkung.h"
@@ -44,6 +45,8 @@ void frmSchülerIn::ListViewStammdaten_Click() {
     {
         const DbSession session(u"Schülerdaten lesen"_s);
         m_belegtVon = DatensatzBeanspruchen(id);
+        // A record that is ours can be worked on, even if not all of it can be read.
+        DatensatzWirdGeladen = m_belegtVon.has_value();
         if (!m_belegtVon)
             datensatzLesen(id);
     }
@@ -51,7 +54,6 @@ void frmSchülerIn::ListViewStammdaten_Click() {
         MsgBox(BelegtMeldung(*m_belegtVon));
         return;
     }
-    DatensatzWirdGeladen = false;
     uhrStellen();
 }
 
@@ -106,10 +108,17 @@ void frmSchülerIn::notiz(int gruppe, int tag, bool bearbeiten) {
     auto& global = Global();
     global.NotizBearbeiten = bearbeiten;
     global.NotizTag = TagCode(tag);
-    global.MarkierteZeile = RowId(ListenIndex);
-    m_notizZeile = lvwStammdaten->key(ListenIndex);
-    if (schuelerFormZiele().notiz)
-        schuelerFormZiele().notiz(*this, u"GR%1"_s.arg(gruppe + 1));
+    zeileMerken();
+    auto& form = Form<frmSCH_Notiz>();
+    form.Tag = u"GR%1"_s.arg(gruppe + 1);
+    form.setZuweisung(m_woche->text(gruppe, tag),
+                      m_stamm->txtSCH[kFeldName]->text() + u' ' + m_stamm->txtSCH[kFeldVorname]->text());
+    form.ShowOver(this);
+}
+
+void frmSchülerIn::zeileMerken() {
+    Global().MarkierteZeile = RowId(ListenIndex);
+    m_gemerkteZeile = lvwStammdaten->key(ListenIndex);
 }
 
 void frmSchülerIn::Search_Nachname_Schüler() {
@@ -124,8 +133,10 @@ void frmSchülerIn::drucken() {
         MsgBox(u"Es wurde kein Schüler, keine Schülerin ausgewählt!"_s);
         return;
     }
-    if (schuelerFormZiele().drucken)
-        schuelerFormZiele().drucken(*this);
+    if (!schuelerFormZiele().drucken)
+        return;
+    zeileMerken();
+    schuelerFormZiele().drucken();
 }
 
 void frmSchülerIn::Check_ZeitÜberschneidungen_Vor_Datenübernahme() {

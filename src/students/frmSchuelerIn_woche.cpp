@@ -57,10 +57,12 @@ void SchuelerWoche::zeigen(const WochenTexte& texte) {
 
 WochenTexte SchuelerWoche::texte() const {
     WochenTexte texte;
-    forEachCell([&](int gruppe, int tag) {
-        at(texte, gruppe, tag) = at(m_zellen, gruppe, tag).cmbGR->currentText();
-    });
+    forEachCell([&](int gruppe, int tag) { at(texte, gruppe, tag) = text(gruppe, tag); });
     return texte;
+}
+
+QString SchuelerWoche::text(int gruppe, int tag) const {
+    return at(m_zellen, gruppe, tag).cmbGR->currentText();
 }
 
 void SchuelerWoche::unterrichtZeigen(const std::vector<UnterrichtTag>& tage) {

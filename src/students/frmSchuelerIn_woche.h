@@ -35,6 +35,8 @@ public:
     /// Selects the assignments. One that is no longer offered shows empty.
     void zeigen(const WochenTexte& texte);
     WochenTexte texte() const;
+    /// What the box of a group (0 stands for GR1) and day shows.
+    QString text(int gruppe, int tag) const;
 
     void unterrichtZeigen(const std::vector<UnterrichtTag>& tage);
     /// The ends of the morning's teaching alone, for a class that was typed.

@@ -15,6 +15,11 @@
 #include <QProcess>
 #include <QXmlStreamReader>
 
+#ifdef Q_OS_UNIX
+#include <csignal>
+#include <sys/resource.h>
+#endif
+
 using namespace Qt::StringLiterals;
 using namespace kolibri;
 using namespace kolibri::test;
@@ -44,7 +49,9 @@ QStringList sharedTexts(const QString& book) {
 struct Book {
     /// Cell by address, such as "B2".
     QMap<QString, QString> cells;
-    QMap<QString, QString> headingStyle;
+    /// Style by address, where a cell has one.
+    QMap<QString, QString> styles;
+    QString headingStyle;
     QMap<int, double> widths;
     QMap<QString, double> margins;
     QString header;
@@ -63,10 +70,11 @@ Book read(const QString& file) {
         const auto attributes = xml.attributes();
         if (xml.name() == u"c") {
             address = attributes.value(u"r"_s).toString();
+            book.styles[address] = attributes.value(u"s"_s).toString();
         } else if (xml.name() == u"v") {
             book.cells[address] = texts.value(xml.readElementText().toInt());
         } else if (xml.name() == u"row" && attributes.value(u"r"_s) == u"1") {
-            book.headingStyle[u"row"_s] = attributes.value(u"s"_s).toString();
+            book.headingStyle = attributes.value(u"s"_s).toString();
         } else if (xml.name() == u"col") {
             for (int i = attributes.value(u"min"_s).toInt(); i <= attributes.value(u"max"_s).toInt(); ++i)
                 book.widths[i] = attributes.value(u"width"_s).toDouble();
@@ -174,8 +182,13 @@ private Q_SLOTS:
         makeList(kMixedRows);
         const QString file = scratch() + u"/liste.xlsx"_s;
         writeWorkbook(file, SheetRows::OneRowEach);
-        const int style = read(file).headingStyle.value(u"row"_s).toInt();
+        const Book book = read(file);
+        const int style = book.headingStyle.toInt();
         QVERIFY(style > 0);
+        // A cell without a style of its own would look like any other, whatever its row says.
+        QCOMPARE(book.styles.value(u"A1"_s), book.headingStyle);
+        QCOMPARE(book.styles.value(u"B1"_s), book.headingStyle);
+        QCOMPARE(book.styles.value(u"A2"_s), QString());
         const QString styles = QString::fromUtf8(part(file, u"xl/styles.xml"_s));
         const QString formats = styles.section(u"<cellXfs"_s, 1).section(u"</cellXfs>"_s, 0, 0);
         const QString heading = formats.section(u"<xf "_s, style + 1, style + 1);
@@ -235,6 +248,19 @@ private Q_SLOTS:
         QVERIFY(book.header.size() <= 255);
         QVERIFY(book.footer.endsWith(u"&R &D"_s));
         QCOMPARE(book.cells.value(u"B2"_s).size(), 32767);
+    }
+
+    // Half of a doubled "&" would take the date's code for a part of the address.
+    void anAddressIsNotCutInsideADoubledMark() {
+        Global().SchuleStrasse.clear();
+        for (int length = 240; length <= 252; ++length) {
+            Global().SchuleOrganisation = QString(length, u'O') + QString(9, u'&');
+            makeList({});
+            const QString footer = written(SheetRows::OneRowEach).footer;
+            QVERIFY(footer.size() <= 255);
+            QVERIFY(footer.endsWith(u"&R &D"_s));
+            QCOMPARE(footer.chopped(5).count(u'&') % 2, 1);
+        }
     }
 
     void aListOfTheSampleSchoolArrivesCellForCell() {
@@ -307,6 +333,30 @@ private Q_SLOTS:
         QVERIFY_THROWS_EXCEPTION(RuntimeError, exportToSpreadsheet(SheetRows::OneRowEach));
         QVERIFY(doorsOfTest.openedFiles().isEmpty());
     }
+
+#ifdef Q_OS_UNIX
+    void aDiskWithoutRoomIsAClearErrorAndLeavesNoFile() {
+        qputenv("TMPDIR", scratch().toLocal8Bit());
+        makeList({{u"1"_s, QString(20'000, u'x'), QString(20'000, u'y')}});
+        rlimit before{};
+        QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
+        rlimit small = before;
+        small.rlim_cur = 1000;
+        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
+        QString failure;
+        try {
+            exportToSpreadsheet(SheetRows::OneRowEach);
+        } catch (const RuntimeError& error) {
+            failure = error.message();
+        }
+        setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, handler);
+        QCOMPARE(failure, u"Laufzeitfehler '75': Fehler beim Zugriff auf Pfad/Datei"_s);
+        QVERIFY(doorsOfTest.openedFiles().isEmpty());
+        QCOMPARE(QDir(scratch()).entryList({u"*.xlsx"_s}, QDir::Files), QStringList());
+    }
+#endif
 
     void cleanup() {
         qunsetenv("TMPDIR");

@@ -6,6 +6,7 @@
 #include "lists/list_columns.h"
 #include "lists/list_numbers.h"
 #include "lists/list_state.h"
+#include "lists/page_body.h"
 #include "support/test_base.h"
 
 using namespace Qt::StringLiterals;
@@ -32,6 +33,16 @@ QStringList columnsOf(int listenArt) {
     Global().ListenArt = static_cast<quint8>(listenArt);
     defineColumns();
     return columns();
+}
+
+/// What the store says against the columns of a list.
+QString storeFailureOf(int listenArt) {
+    try {
+        columnsOf(listenArt);
+    } catch (const StoreError& error) {
+        return error.message();
+    }
+    return {};
 }
 
 QStringList split(const char* text) {
@@ -182,6 +193,32 @@ private Q_SLOTS:
         QCOMPARE(Liste().BeitragNummern, std::vector({1, 6}));
     }
 
+    void aMissingRowOfAFeeIsAClearErrorIfFeesAreAskedFor() {
+        useEmptyDatabase();
+        {
+            const DbSession session(u"Test"_s);
+            Global().Conn.Delete(u"Einstellungen"_s, u"Feld = 'Beitrag_5'"_s);
+        }
+        QCOMPARE(columnsOf(101), split("NAME 15 l"));
+        Liste().Dialog.chkBeiträge = true;
+        QCOMPARE(storeFailureOf(101), u"In den Einstellungen fehlt die Zeile \"Beitrag_5\"."_s);
+        QVERIFY(!Global().Conn.IsOpen());
+    }
+
+    void aContactFieldWithoutItsNumberIsAClearError() {
+        useEmptyDatabase();
+        {
+            const DbSession session(u"Test"_s);
+            Global().Conn.Change(u"Einstellungen"_s, {{u"Nummer"_s, {}}},
+                                 u"Feld = 'Kontakt' AND Nummer = 6"_s);
+        }
+        Liste().Dialog.chkKontakteNeu = true;
+        Liste().Dialog.cmbKontakte[0] = u"Telefon"_s;
+        QCOMPARE(storeFailureOf(115),
+                 u"In den Einstellungen fehlt die Nummer des Kontaktfeldes \"Mobil\"."_s);
+        QVERIFY(!Global().Conn.IsOpen());
+    }
+
     void tooManyContactColumnsAreARunTimeError() {
         useEmptyDatabase();
         {
@@ -238,11 +275,19 @@ private Q_SLOTS:
         QCOMPARE(widths(), QList<int>({4, 4}));
     }
 
-    void weightsFarAboveTheWidthGiveColumnsOfNoWidth() {
+    // A point for each unit of weight is the least that a column can have; below half a point it has none.
+    void weightsAboveTheWidthOfTheTableGiveCellsOfNoWidth() {
         Liste().Seite.TabellenBreite = 514;
-        defineWeights({1000, 1000});
+        defineWeights({500, 527});
         computeWidths();
-        QCOMPARE(widths(), QList<int>({0, 0}));
+        QCOMPARE(widths(), QList<int>({500, 527}));
+        for (const int second : {528, 1000}) {
+            defineWeights({500, second});
+            computeWidths();
+            QCOMPARE(widths(), QList<int>({0, 0}));
+            QCOMPARE(cellStart(1), u"<TD WIDTH=0pt ALIGN=left>"_s);
+            QCOMPARE(cellStart(2), u"<TD WIDTH=0pt ALIGN=left>"_s);
+        }
     }
 
     void aListWithoutWeightsIsADivisionByZero() {

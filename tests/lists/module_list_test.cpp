@@ -1,7 +1,9 @@
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
+#include "core/runtime_error.h"
 #include "core/widgets/application.h"
 #include "lists/list_numbers.h"
+#include "lists/list_table.h"
 #include "lists/module_list.h"
 #include "support/list_fixtures.h"
 #include "support/test_base.h"
@@ -9,6 +11,18 @@
 using namespace Qt::StringLiterals;
 using namespace kolibri;
 using namespace kolibri::test;
+
+namespace {
+
+void addModules(int first, int last) {
+    const DbSession session(u"Test"_s);
+    Transaction transaction(Global().Conn);
+    for (int id = first; id <= last; ++id)
+        Global().Conn.AddNew(u"Bausteine"_s).Set(u"ID"_s, id).Set(u"Bausteine"_s, u"B"_s).Update();
+    transaction.Commit();
+}
+
+} // namespace
 
 class ModuleListTest : public TestBase {
     Q_OBJECT
@@ -56,6 +70,20 @@ private Q_SLOTS:
                                     u"</BODY>"_s,
                                     u"</HTML>"_s,
                                     QString()}));
+    }
+
+    void aThousandRowsAreARunTimeError() {
+        useEmptyDatabase();
+        addModules(1, 999);
+        QCOMPARE(gathered(kBausteine).size(), 999);
+        addModules(1000, 1000);
+        try {
+            prepareList(kBausteine);
+            QFAIL("no error");
+        } catch (const RuntimeError& error) {
+            QCOMPARE(error.message(), u"Laufzeitfehler '9': Index außerhalb des gültigen Bereichs"_s);
+        }
+        QVERIFY(!Global().Conn.IsOpen());
     }
 };
 

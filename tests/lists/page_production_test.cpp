@@ -181,6 +181,31 @@ private Q_SLOTS:
         }
     }
 
+    void aSizeThatIsNoNumberIsAClearErrorAndTheOldPageStands() {
+        useEmptyDatabase();
+        writeOldPage();
+        {
+            const DbSession session(u"Test"_s);
+            Global().Conn.Execute(u"UPDATE Einstellungen SET Grösse = 'gross' WHERE Feld = 'TabelleZeile'"_s);
+        }
+        QCOMPARE(failureOf(kBausteine), u"Laufzeitfehler '13': Typen unverträglich"_s);
+        QCOMPARE(pageBytes(), kOldPage);
+    }
+
+    void moreThan255TeachingUnitsAreAnOverflowAndTheOldPageStands() {
+        useEmptyDatabase();
+        writeOldPage();
+        {
+            const DbSession session(u"Test"_s);
+            Transaction transaction(Global().Conn);
+            for (int id = 1; id <= 256; ++id)
+                Global().Conn.AddNew(u"Unterrichtseinheiten"_s).Set(u"ID"_s, id).Update();
+            transaction.Commit();
+        }
+        QCOMPARE(failureOf(kBausteine), u"Laufzeitfehler '6': Überlauf"_s);
+        QCOMPARE(pageBytes(), kOldPage);
+    }
+
     void aListThatDoesNotExistIsAClearErrorAndTheOldPageStands() {
         useEmptyDatabase();
         writeOldPage();

@@ -16,15 +16,15 @@ using kolibri::test::pageBytes;
 
 namespace {
 
-/// What the sheet must hold, told once more and in another shape than the table: the name of each rule, the
-/// font group it follows (-1 for none), and whether a printed sheet has it.
-struct ToldRule {
+/// What the sheet must hold, written down once more and in another shape than the table: the name of each
+/// rule, the font group it follows (-1 for none), and whether a printed sheet has it.
+struct SheetRule {
     const char16_t* name;
     int group;
     bool printed;
 };
 
-constexpr ToldRule kTold[] = {
+constexpr SheetRule kSheet[] = {
     {u"BODY", -1, true},
     {u"#kopf_links", -1, true},
     {u"#kopf_mitte", -1, true},
@@ -148,23 +148,23 @@ private Q_SLOTS:
         compareWithExpected(head(), u"head_across.html"_s);
     }
 
-    void theSheetHoldsTheToldRulesInTheirOrder() {
+    void theSheetHoldsItsRulesInTheirOrder() {
         const auto& rules = styleRules();
-        QCOMPARE(rules.size(), std::size(kTold));
+        QCOMPARE(rules.size(), std::size(kSheet));
         for (std::size_t i = 0; i < rules.size(); ++i) {
-            const QString name = QString::fromUtf16(kTold[i].name);
+            const QString name = QString::fromUtf16(kSheet[i].name);
             const QString text = rules[i].text.toString();
             QVERIFY2(text == name || text.startsWith(name + u" {"_s), qPrintable(text));
-            QCOMPARE(!rules[i].screenOnly, kTold[i].printed);
+            QCOMPARE(!rules[i].screenOnly, kSheet[i].printed);
         }
     }
 
     void eachRuleFollowsItsFontGroup() {
         const PageValues values = distinctValues();
         const auto& rules = styleRules();
-        for (std::size_t i = 0; i < std::size(kTold); ++i) {
+        for (std::size_t i = 0; i < std::size(kSheet); ++i) {
             const QString line = styleLine(rules[i], values);
-            const int group = kTold[i].group;
+            const int group = kSheet[i].group;
             QVERIFY2(!line.contains(u"{W}"_s) && !line.contains(u"{S}"_s) && !line.contains(u"{B}"_s)
                          && !line.contains(u"{I}"_s),
                      qPrintable(line));

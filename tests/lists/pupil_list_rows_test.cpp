@@ -1,5 +1,6 @@
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
+#include "core/runtime_error.h"
 #include "core/widgets/application.h"
 #include "lists/list_numbers.h"
 #include "lists/list_state.h"
@@ -99,6 +100,24 @@ private Q_SLOTS:
         chooseContacts(u"Telefon"_s);
         QCOMPARE(gathered(kSchulanfaenger), QStringList({u"1: Kind Ada | 0241 | 0170 | 0242"_s}));
         QCOMPARE(Liste().SpaltenText(3), u"NAME"_s);
+    }
+
+    void aContactNumberThatIsNoneIsARunTimeError() {
+        useEmptyDatabase();
+        {
+            const DbSession session(u"Test"_s);
+            Global().Conn.Change(u"Einstellungen"_s, {{u"Nummer"_s, 10}},
+                                 u"Feld = 'Kontakt' AND Nummer = 6"_s);
+        }
+        chooseContacts(u"Telefon"_s);
+        try {
+            prepareList(kErweiterteListe);
+            QFAIL("no error");
+        } catch (const RuntimeError& error) {
+            QCOMPARE(error.message(), u"Laufzeitfehler '9': Index außerhalb des gültigen Bereichs"_s);
+            QCOMPARE(error.details(), u"Kontaktfeld 10"_s);
+        }
+        QVERIFY(!Global().Conn.IsOpen());
     }
 
     void theEmergencyNumberHasARowOfItsOwn() {

@@ -1,5 +1,6 @@
 #include "core/widgets/application.h"
 #include "students/edit_guard.h"
+#include "students/frmSCH_Notiz.h"
 #include "support/pupil_form.h"
 
 #include <QPushButton>
@@ -221,8 +222,6 @@ private Q_SLOTS:
 
     void comingBackFromAWindowReadsTheRecordAgain() {
         auto& form = openToCorrect();
-        FormWindow note(u"frmTest"_s);
-        schuelerFormZiele().notiz = [&](QWidget& opener, const QString&) { note.ShowOver(&opener); };
         change(3, {{u"GR1_MO"_s, u"12:00 - 12:45 ME1"_s}});
         SortierenListView(1, listOf(form), SortKind::Text);
         SortierenListView(1, listOf(form), SortKind::Text);
@@ -232,7 +231,7 @@ private Q_SLOTS:
         QCOMPARE(Global().NotizTag, u"MO"_s);
         QVERIFY(!Global().NotizBearbeiten);
         type(form, u"txtSCH(1)"_s, u"nicht gespeichert"_s);
-        note.hide();
+        Form<frmSCH_Notiz>().hide();
         // The list is in its own order again, and the record is still the one that was on the screen.
         QCOMPARE(textOf(form, u"txtSCH(0)"_s), u"Zander"_s);
         QCOMPARE(textOf(form, u"txtSCH(1)"_s), u"Carl"_s);
@@ -250,9 +249,17 @@ private Q_SLOTS:
         QCOMPARE(textOf(form, u"txtSCH(0)"_s), QString());
     }
 
+    void thePlaceholderRowIsNotTakenForARowToComeBackTo() {
+        change(4, {{u"aktiv"_s, true}});
+        open(&mdlGlobal::ModusSchuelerAktivieren);
+        QCOMPARE(Global().MarkierteZeile, 0);
+        auto& form = openToCorrect();
+        QCOMPARE(textOf(form, u"txtSCH(0)"_s), QString());
+    }
+
     void thePrinterNeedsARecord() {
         int printed = 0;
-        schuelerFormZiele().drucken = [&](QWidget&) { ++printed; };
+        schuelerFormZiele().drucken = [&] { ++printed; };
         auto& form = openToCorrect();
         doorsOfTest.expect(u"Es wurde kein Schüler, keine Schülerin ausgewählt!"_s);
         press(form, u"imgPrinter"_s);
@@ -260,6 +267,20 @@ private Q_SLOTS:
         choose(form, 2);
         press(form, u"imgPrinter"_s);
         QCOMPARE(printed, 1);
+    }
+
+    void afterThePageTheListIsReadAgainAndTheRecordIsStillShown() {
+        FormWindow page(u"frmTest"_s);
+        schuelerFormZiele().drucken = [&] { page.ShowOver(QApplication::activeWindow()); };
+        auto& form = openToCorrect();
+        choose(form, 2);
+        press(form, u"imgPrinter"_s);
+        // Another workstation gives a name while the page is looked at.
+        change(1, {{u"SCH_Name"_s, u"Zzz"_s}});
+        page.hide();
+        QCOMPARE(cellsOf(listOf(form), 1), (QStringList{u"Müller"_s, u"Zander"_s, u"Zzz"_s}));
+        QCOMPARE(textOf(form, u"txtSCH(0)"_s), u"Müller"_s);
+        QCOMPARE(Global().MarkierteZeile, 1);
     }
 
     void aKeyAbove16BitsEndsInTheOverflowBox() {
@@ -305,10 +326,20 @@ private Q_SLOTS:
             QVERIFY2(reached.contains(name), qPrintable(name));
     }
 
+    void inASmallWindowTheWeekScrollsInsteadOfBeingSqueezed() {
+        auto& form = openToCorrect();
+        form.resize(form.minimumSizeHint());
+        QCoreApplication::processEvents();
+        for (int tag = 0; tag < kSchoolDays; ++tag) {
+            QVERIFY(box(form, 1, tag).width() >= box(form, 1, tag).minimumSizeHint().width());
+            QCOMPARE(box(form, 7, tag).width(), box(form, 1, tag).width());
+        }
+    }
+
     void theRecordStaysInSightInASmallWindow() {
         auto& form = openToCorrect();
         form.resize(form.minimumSizeHint());
-        QVERIFY(form.width() <= 1366 / 2 + 20);
+        QVERIFY(form.width() <= 1366 / 2);
         QVERIFY(form.height() <= 768 / 2);
         for (const auto& name : {u"lvwStammdaten"_s, u"txtSCH(0)"_s, u"txtSCH(3)"_s, u"lblModus"_s,
                                  u"lblAmpel(4)"_s, u"cmdOK"_s}) {

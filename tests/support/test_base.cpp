@@ -223,7 +223,10 @@ void TestBase::cleanup() {
 }
 
 void TestBase::useEmptyDatabase() {
-    createDatabase(home());
+    static QTemporaryDir cache;
+    if (!QFile::exists(DatenbankDatei(cache.path())))
+        createDatabase(cache.path());
+    QVERIFY(QFile::copy(DatenbankDatei(cache.path()), DatenbankDatei(home())));
 }
 
 void TestBase::useSampleSchool(int pupils) {

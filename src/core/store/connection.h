@@ -85,6 +85,7 @@ public:
     const QString& Purpose() const { return m_purpose; }
     /// Lifts the refusal of apostrophes, as the office can in the settings.
     void AllowApostrophes(bool allow) { m_apostrophesAllowed = allow; }
+    bool ApostrophesAllowed() const { return m_apostrophesAllowed; }
     /// Waits so long (milliseconds) for other workstations, from the next OpenFile on.
     void SetBusyWait(int milliseconds) { m_busyWait = milliseconds; }
     /// Number of statements since the connection was made; for measurements.

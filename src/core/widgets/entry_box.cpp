@@ -39,4 +39,11 @@ void EntryBox::mouseReleaseEvent(QMouseEvent* event) {
     m_focusByClick = false;
 }
 
+EntryBox* displayBox(const QString& objectName, int characters) {
+    auto* box = characters > 0 ? new EntryBox(objectName, characters) : new EntryBox(objectName);
+    box->setReadOnly(true);
+    box->setFocusPolicy(Qt::ClickFocus);
+    return box;
+}
+
 } // namespace kolibri

@@ -26,4 +26,7 @@ private:
     bool m_focusByClick = false;
 };
 
+/// A box that only shows what belongs to the user's choice; its text can be copied.
+EntryBox* displayBox(const QString& objectName, int characters = 0);
+
 } // namespace kolibri

@@ -5,11 +5,24 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 
 using namespace Qt::StringLiterals;
 
 namespace kolibri {
+namespace {
+
+/// Has a place as large as what stands in it, where the screen allows.
+class WholeFieldArea : public QScrollArea {
+public:
+    QSize sizeHint() const override {
+        return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
+    }
+};
+
+} // namespace
 
 QString indexedName(const QString& name, int index) {
     return u"%1(%2)"_s.arg(name).arg(index);
@@ -90,6 +103,19 @@ QWidget* fieldColumn(const std::vector<QWidget*>& parts) {
     return area;
 }
 
+QScrollArea* fieldArea(QWidget* fields) {
+    auto* area = new WholeFieldArea;
+    area->setWidget(fields);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    // The keyboard goes from field to field, and the area follows.
+    area->setFocusPolicy(Qt::NoFocus);
+    // The ground of what is around it goes on behind the fields.
+    area->viewport()->setAutoFillBackground(false);
+    fields->setAutoFillBackground(false);
+    return area;
+}
+
 QSplitter* listBesideFields(QWidget* list, QWidget* fields) {
     auto* splitter = new QSplitter(Qt::Horizontal);
     splitter->setChildrenCollapsible(false);
@@ -100,9 +126,19 @@ QSplitter* listBesideFields(QWidget* list, QWidget* fields) {
     return splitter;
 }
 
+QSize roomOnScreen(const QWidget& form) {
+    constexpr qreal kWidth = 0.98;
+    constexpr qreal kHeight = 0.94;
+    const QSizeF screen = form.screen()->availableSize();
+    return QSizeF(screen.width() * kWidth, screen.height() * kHeight).toSize();
+}
+
 void setFirstSize(QWidget& form, int lines) {
+    // Before a style has had its say, everything asks for a little less than it needs.
+    for (QWidget* part : form.findChildren<QWidget*>())
+        part->ensurePolished();
     const QSize wanted(form.sizeHint().width(), lines * form.fontMetrics().lineSpacing());
-    form.resize(wanted.boundedTo(form.screen()->availableSize()));
+    form.resize(wanted.boundedTo(roomOnScreen(form)));
 }
 
 } // namespace kolibri

@@ -9,6 +9,7 @@ class QDialog;
 class QFormLayout;
 class QLabel;
 class QPushButton;
+class QScrollArea;
 class QSplitter;
 
 namespace kolibri {
@@ -46,11 +47,16 @@ QPushButton* addEditorButtons(QDialog& form, QBoxLayout& column);
 
 /// Frames and texts below each other, as high as they need.
 QWidget* fieldColumn(const std::vector<QWidget*>& parts);
+/// Fields that are scrolled on a small screen or with a large font; they want to be seen as a whole.
+QScrollArea* fieldArea(QWidget* fields);
 /// A list with the fields of the chosen row beside it; the user can move the border, and the list takes what
 /// room there is more.
 QSplitter* listBesideFields(QWidget* list, QWidget* fields);
 
-/// Gives a form its first size: as wide as its content asks for, so many lines high, within the screen.
+/// What a window may take of the screen, so that the edges and the title that the desktop adds stay on it.
+QSize roomOnScreen(const QWidget& form);
+/// Gives a form its first size: as wide as its content asks for, so many lines high, and with its edges
+/// within the screen.
 void setFirstSize(QWidget& form, int lines);
 
 } // namespace kolibri
