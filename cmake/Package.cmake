@@ -5,6 +5,7 @@ include(GNUInstallDirs)
 set(KOLIBRI_PROGRAM_DIR lib/kolibri)
 
 install(TARGETS kolibri kolibri-db RUNTIME DESTINATION ${KOLIBRI_PROGRAM_DIR})
+install(TARGETS kolibri_web LIBRARY DESTINATION ${KOLIBRI_PROGRAM_DIR})
 install(FILES data/Notiz20.jpg data/OK.png DESTINATION ${KOLIBRI_PROGRAM_DIR})
 install(PROGRAMS packaging/kolibri.sh DESTINATION ${CMAKE_INSTALL_BINDIR} RENAME kolibri)
 install(CODE "
