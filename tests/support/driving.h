@@ -6,8 +6,11 @@
 #include "support/test_base.h"
 
 #include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QRadioButton>
 #include <QTest>
 
 /// What a user does to a form, for the tests of the forms.
@@ -48,7 +51,11 @@ inline bool shown(QWidget& window) {
 }
 
 inline void press(const QWidget& form, const QString& button = QStringLiteral("cmdOK")) {
-    QTest::mouseClick(&control<QAbstractButton>(form, button), Qt::LeftButton);
+    auto& control = test::control<QAbstractButton>(form, button);
+    // A box to tick may be wider than its words, and takes a click only on them.
+    const QPoint onTheMark(control.height() / 2, control.height() / 2);
+    const bool isBox = qobject_cast<QCheckBox*>(&control) || qobject_cast<QRadioButton*>(&control);
+    QTest::mouseClick(&control, Qt::LeftButton, {}, isBox ? onTheMark : control.rect().center());
 }
 
 /// Clicks a row of a list view, counted from 1.
@@ -65,6 +72,32 @@ inline void clickEntry(QListWidget& list, const QString& text) {
     if (found.isEmpty())
         qFatal("no entry %s", qPrintable(text));
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(found.first()).center());
+}
+
+/// Chooses an entry of a box by its text.
+inline void chooseEntry(const QWidget& form, const QString& name, const QString& text) {
+    auto& box = control<QComboBox>(form, name);
+    const int index = box.findText(text);
+    if (index < 0)
+        qFatal("no entry %s", qPrintable(text));
+    box.setCurrentIndex(index);
+}
+
+/// The entries of a box.
+inline QStringList entriesOf(const QComboBox& box) {
+    QStringList entries;
+    for (int i = 0; i < box.count(); ++i)
+        entries << box.itemText(i);
+    return entries;
+}
+
+/// The selected entries of a list, from the top.
+inline QStringList selectedOf(const QListWidget& list) {
+    QStringList entries;
+    for (int row = 0; row < list.count(); ++row)
+        if (list.item(row)->isSelected())
+            entries << list.item(row)->text();
+    return entries;
 }
 
 /// Background of an input as the user sees it.

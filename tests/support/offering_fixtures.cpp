@@ -8,14 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace kolibri::test {
 
-void addRow(const QString& table, const FieldValues& values) {
-    const DbSession session(u"Test"_s);
-    NewRow row = Global().Conn.AddNew(table);
-    for (const auto& [field, value] : values)
-        row.Set(field, value);
-    row.Update();
-}
-
 void addOffering(const QString& gr, const QString& langname, const QString& kurzname, const QString& tag,
                  const QString& zeit, const QString& einheit, const FieldValues& values) {
     FieldValues all{{u"L_Name"_s, langname},
@@ -66,11 +58,6 @@ void addTeaching(const QString& klasse, const QString& tag, const QVariant& ende
                           {u"Tag"_s, tag},
                           {u"Tag_Zahl"_s, TagZahl(tag)},
                           {u"Unterrichtsende"_s, ende}});
-}
-
-QStringList rowsOf(const QString& table) {
-    const DbSession session(u"Test"_s);
-    return tableRows(Global().Conn, table);
 }
 
 } // namespace kolibri::test

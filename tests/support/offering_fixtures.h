@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/store/connection.h"
+#include "support/driving.h"
 
 #include <QString>
 
@@ -22,9 +23,5 @@ void addDayPlanNote(qint64 pupil, const QString& einheit, const QString& tag, co
 void addUnits(const QStringList& zeiten);
 /// Adds the row of a class for a weekday; a null end is not set.
 void addTeaching(const QString& klasse, const QString& tag, const QVariant& ende);
-/// Adds a row of any table.
-void addRow(const QString& table, const FieldValues& values);
-/// All rows of a table.
-QStringList rowsOf(const QString& table);
 
 } // namespace kolibri::test

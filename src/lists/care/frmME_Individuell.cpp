@@ -32,6 +32,8 @@ frmME_Individuell::frmME_Individuell()
     list->addWidget(lstKlassen);
     cmbMensa->setObjectName(u"cmbMensa"_s);
     cmbMensa->setAccessibleName(u"Mensa"_s);
+    cmbMensa->setPlaceholderText(u"Bitte wählen"_s);
+    cmbMensa->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     auto* mensa = new QGroupBox(u"MENSA"_s);
     auto* box = new QVBoxLayout(mensa);
     box->addWidget(cmbMensa);
@@ -42,7 +44,7 @@ frmME_Individuell::frmME_Individuell()
     column->addLayout(line, 1);
     column->addWidget(mensa);
     connect(addEditorButtons(*this, *column), &QPushButton::clicked, this, [this] { ok(); });
-    setFirstSize(*this, 22);
+    setFirstSize(*this, 26);
 }
 
 QWidget* frmME_Individuell::buildDays() {

@@ -65,13 +65,14 @@ frmME_LZ_Anzeigen::frmME_LZ_Anzeigen()
     column->addLayout(choice);
     column->addWidget(buildRemarks(), 1);
     connect(addEditorButtons(*this, *column), &QPushButton::clicked, this, [this] { ok(); });
-    setFirstSize(*this, 26);
+    setFirstSize(*this, 36);
 }
 
 void frmME_LZ_Anzeigen::buildOffering() {
     frmAuswahl1->setObjectName(u"frmAuswahl1"_s);
     cmbKlasse->setObjectName(u"cmbKlasse"_s);
     cmbME_LZ->setObjectName(u"cmbME_LZ"_s);
+    cmbME_LZ->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     frmAuswahl1->addLine(u"&Klasse:"_s, cmbKlasse);
     lblME_LZ = frmAuswahl1->addLine(u"&ME:"_s, cmbME_LZ);
     lblME_LZ->setObjectName(u"lblME_LZ"_s);

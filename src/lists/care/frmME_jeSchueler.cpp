@@ -41,7 +41,7 @@ frmME_jeSchüler::frmME_jeSchüler()
     auto* column = new QVBoxLayout(this);
     column->addLayout(line, 1);
     connect(addEditorButtons(*this, *column), &QPushButton::clicked, this, [this] { ok(); });
-    setFirstSize(*this, 20);
+    setFirstSize(*this, 26);
 }
 
 void frmME_jeSchüler::Prepare() {

@@ -59,7 +59,7 @@ frmWochenplan::frmWochenplan()
     auto* column = new QVBoxLayout(this);
     column->addLayout(line, 1);
     connect(addEditorButtons(*this, *column), &QPushButton::clicked, this, [this] { ok(); });
-    setFirstSize(*this, 20);
+    setFirstSize(*this, 24);
 }
 
 QWidget* frmWochenplan::buildDisplay() {
@@ -123,7 +123,6 @@ void frmWochenplan::klasseGewählt() {
 }
 
 void frmWochenplan::textklasseGewählt() {
-    const DbSession session(u"Zusatztext lesen"_s);
     try {
         textSpeichern();
     } catch (...) {
@@ -134,6 +133,7 @@ void frmWochenplan::textklasseGewählt() {
         cmbKlasseText->setCurrentText(m_textKlasse);
         throw;
     }
+    const DbSession session(u"Zusatztext lesen"_s);
     m_textKlasse = cmbKlasseText->currentText();
     rtfTextWP->setRichText(richTextFrom(readClassText(m_textKlasse)));
 }
@@ -141,6 +141,7 @@ void frmWochenplan::textklasseGewählt() {
 void frmWochenplan::textSpeichern() {
     if (!rtfTextWP->isTouched())
         return;
+    const DbSession session(u"Zusatztext speichern"_s);
     Text_WP_Speichern(m_textKlasse, storedClassText(rtfTextWP->richText()));
     rtfTextWP->document()->setModified(false);
 }
@@ -160,10 +161,7 @@ void frmWochenplan::IndexSpeichern() {
 void frmWochenplan::ok() {
     {
         const WaitCursor wait;
-        {
-            const DbSession session(u"Zusatztext speichern"_s);
-            textSpeichern();
-        }
+        textSpeichern();
         Liste().Wochenplan = eingaben();
         prepareList(kTagesplan);
     }

@@ -28,7 +28,7 @@ private:
     void tageFüllen(int rememberedIndex);
     void klasseGewählt();
     void textklasseGewählt();
-    /// Keeps the text of the class that is shown, if the user has changed it; the database is open.
+    /// Keeps the text of the class that is shown, if the user has changed it.
     void textSpeichern();
     WochenplanOptions eingaben() const;
     void IndexSpeichern();

@@ -70,13 +70,15 @@ frmAG_Anzeigen::frmAG_Anzeigen()
     connect(addEditorButtons(*this, *column), &QPushButton::clicked, this, [this] { ok(); });
     Timer1->setObjectName(u"Timer1"_s);
     connect(Timer1, &QTimer::timeout, this, [this] { ListBoxen_NichtTeilnahme_Enable(); });
-    setFirstSize(*this, 38);
+    setFirstSize(*this, 46);
 }
 
 QWidget* frmAG_Anzeigen::buildGroup() {
     auto* frame = new FieldFrame(u"AUSWAHL"_s);
     frame->setObjectName(u"frmAuswahl"_s);
     cmbAG->setObjectName(u"cmbAG"_s);
+    cmbAG->setPlaceholderText(u"Bitte wählen"_s);
+    cmbAG->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     frame->addLine(u"Arbeits&gruppe:"_s, cmbAG);
     frame->addLine(u"Betreuung:"_s, txtBetreuer);
     frame->addLine(u"Ort:"_s, txtOrt);
@@ -160,6 +162,9 @@ QWidget* frmAG_Anzeigen::buildAbsence() {
                     [this, i] { AG_NichtTeilnahme_AuswahlToRight(i); });
             images->addWidget(imgAuswahlToRight[i]);
         }
+        // The last column is as wide as the others, so that each stands below its date.
+        if (i == imgAuswahlToRight.size())
+            images->addSpacing(imgAuswahlToRight[0]->sizeHint().width() + images->spacing());
         images->addStretch();
         auto* column = new QVBoxLayout;
         column->addWidget(list, 1);
