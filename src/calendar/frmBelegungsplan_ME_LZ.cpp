@@ -1,6 +1,7 @@
 #include "calendar/frmBelegungsplan_ME_LZ.h"
 
 #include "core/mdlAllgemein.h"
+#include "core/runtime_error.h"
 #include "core/widgets/entry_box.h"
 #include "core/widgets/form_layout.h"
 #include "core/widgets/theme.h"
@@ -107,6 +108,7 @@ void frmBelegungsplan_ME_LZ::addLine() {
               lineLabel(u"lblZeit_K_Name"_s, index),
               {},
               displayBox(indexedName(u"txtPlätze_G"_s, index), kPlacesCharacters)};
+    QWidget* before = m_lines.empty() ? static_cast<QWidget*>(m_scroll) : m_lines.back().txtPlätze.back();
     m_grid->addWidget(line.lblME_LZ, row, 0);
     m_grid->addWidget(line.lblZeit, row, 1);
     for (int letter = 0; letter < kCapacityLetters; ++letter) {
@@ -114,6 +116,8 @@ void frmBelegungsplan_ME_LZ::addLine() {
         box->installEventFilter(this);
         line.txtPlätze[static_cast<std::size_t>(letter)] = box;
         m_grid->addWidget(box, row, kFirstPlaces + letter);
+        setTabOrder(before, box);
+        before = box;
     }
     m_grid->addWidget(line.txtPlätze_G, row, kTotal);
     for (auto* carrier : {line.lblK_Name, line.lblZeit_K_Name}) {
@@ -141,7 +145,7 @@ void frmBelegungsplan_ME_LZ::zeilenAnzeigen(const std::vector<CapacityLine>& lin
         addLine();
     m_used = lines.size();
     for (std::size_t i = 0; i < m_lines.size(); ++i) {
-        const Line& line = m_lines[i];
+        Line& line = m_lines[i];
         const bool used = i < m_used;
         zeileFüllen(line, used ? lines[i] : CapacityLine{});
         for (QWidget* part : {static_cast<QWidget*>(line.lblME_LZ), static_cast<QWidget*>(line.lblZeit),
@@ -168,7 +172,7 @@ void frmBelegungsplan_ME_LZ::formHöheAnpassen() {
     resize(wanted.boundedTo(screen()->availableSize()));
 }
 
-void frmBelegungsplan_ME_LZ::zeileFüllen(const Line& line, const CapacityLine& content) {
+void frmBelegungsplan_ME_LZ::zeileFüllen(Line& line, const CapacityLine& content) {
     line.lblME_LZ->setText(content.L_Name);
     line.lblZeit->setText(content.Zeit);
     line.lblK_Name->setText(content.K_Name);
@@ -180,6 +184,7 @@ void frmBelegungsplan_ME_LZ::zeileFüllen(const Line& line, const CapacityLine& 
         box->setAccessibleName(name + u", Klasse "_s + letterOf(static_cast<int>(letter)));
     }
     zeilePrüfen(line);
+    line.zuGroß.reset();
     line.txtPlätze_G->clear();
     line.txtPlätze_G->setAccessibleName(name + u", Gesamt"_s);
 }
@@ -203,15 +208,24 @@ EntryBox* frmBelegungsplan_ME_LZ::zeilePrüfen(const Line& line) {
     return first;
 }
 
-void frmBelegungsplan_ME_LZ::zeileVerlassen(const Line& line) {
+void frmBelegungsplan_ME_LZ::zeileVerlassen(Line& line) {
+    const Places texts = plätze(line);
+    // On the way to the buttons the user passes through the line again and knows it already.
+    if (line.zuGroß == texts)
+        return;
     zeilePrüfen(line);
     hinweisZeigen();
-    if (const auto sum = Plätze_zählen(plätze(line)))
-        line.txtPlätze_G->setText(QString::number(*sum));
+    try {
+        if (const auto sum = Plätze_zählen(texts))
+            line.txtPlätze_G->setText(QString::number(*sum));
+    } catch (const RuntimeError&) {
+        line.zuGroß = texts;
+        throw;
+    }
 }
 
-const frmBelegungsplan_ME_LZ::Line* frmBelegungsplan_ME_LZ::zeileVon(const QObject* box) const {
-    for (const auto& line : m_lines)
+frmBelegungsplan_ME_LZ::Line* frmBelegungsplan_ME_LZ::zeileVon(const QObject* box) {
+    for (auto& line : m_lines)
         if (std::find(line.txtPlätze.begin(), line.txtPlätze.end(), box) != line.txtPlätze.end())
             return &line;
     return nullptr;
@@ -220,7 +234,7 @@ const frmBelegungsplan_ME_LZ::Line* frmBelegungsplan_ME_LZ::zeileVon(const QObje
 bool frmBelegungsplan_ME_LZ::eventFilter(QObject* watched, QEvent* event) {
     const bool handled = FormWindow::eventFilter(watched, event);
     if (event->type() == QEvent::FocusOut && isVisible() && isLeaving(*static_cast<QFocusEvent*>(event)))
-        if (const Line* line = zeileVon(watched))
+        if (Line* line = zeileVon(watched))
             zeileVerlassen(*line);
     return handled;
 }
@@ -255,7 +269,7 @@ std::vector<CapacityLine> frmBelegungsplan_ME_LZ::eingaben() const {
 
 void frmBelegungsplan_ME_LZ::ok() {
     // Enter presses the button while a box still has the keyboard.
-    if (const Line* line = zeileVon(focusWidget()))
+    if (Line* line = zeileVon(focusWidget()))
         zeileVerlassen(*line);
     EntryBox* faulty = nullptr;
     for (std::size_t i = 0; i < m_used; ++i) {

@@ -31,6 +31,8 @@ private:
         QLabel* lblZeit_K_Name;
         std::array<EntryBox*, kCapacityLetters> txtPlätze;
         EntryBox* txtPlätze_G;
+        /// What stood in the boxes when the user was told that it is too large.
+        std::optional<Places> zuGroß = std::nullopt;
     };
 
     QWidget* buildPlan();
@@ -39,14 +41,15 @@ private:
     /// Shows as many lines as there are offerings, and the form as high as they need.
     void zeilenAnzeigen(const std::vector<CapacityLine>& lines);
     void formHöheAnpassen();
-    void zeileFüllen(const Line& line, const CapacityLine& content);
+    void zeileFüllen(Line& line, const CapacityLine& content);
     static Places plätze(const Line& line);
     /// Colours the boxes of a line that hold no number. The first of them; null when there is none.
     static EntryBox* zeilePrüfen(const Line& line);
     /// Shows the total of a line that the user has left.
-    void zeileVerlassen(const Line& line);
+    /// @throws RuntimeError 6 for a number that is too large, once for each text
+    void zeileVerlassen(Line& line);
     /// The line whose box this is; null for any other control.
-    const Line* zeileVon(const QObject* box) const;
+    Line* zeileVon(const QObject* box);
     /// Says below the plan what a colour or an empty plan means.
     void hinweisZeigen();
     QString hinweis() const;

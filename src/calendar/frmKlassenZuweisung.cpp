@@ -115,10 +115,14 @@ void frmKlassenZuweisung::ok() {
     if (MsgBox(u"Wollen Sie die Daten wirklich übergeben?"_s, kYesNoQuestion, textsOf(m_kind).title)
         != kAnswerYes)
         return;
-    const DbSession session(u"Klasse zuweisen"_s);
+    bool assigned = false;
+    {
+        const DbSession session(u"Klasse zuweisen"_s);
+        assigned = Klasse_ME_LZ_AG_Zuordnen(m_kind, cmbKlasse->currentText(), cmbEinheitTag->currentText(),
+                                            cmbEinheit->currentText());
+    }
     // Where the store refuses it, as it does for a Saturday, nothing is said.
-    if (Klasse_ME_LZ_AG_Zuordnen(m_kind, cmbKlasse->currentText(), cmbEinheitTag->currentText(),
-                                 cmbEinheit->currentText()))
+    if (assigned)
         MsgBox(u"Die Daten wurden übergeben."_s);
 }
 

@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -21,6 +22,7 @@ namespace {
 enum GroupBox { kGroupKName, kGroupTag, kGroupZeit, kGroupBetreuer, kGroupOrt };
 
 constexpr int kTextLines = 7;
+constexpr int kTextCharacters = 80;
 
 QComboBox* namedBox(const QString& name, int characters) {
     auto* box = new QComboBox;
@@ -125,7 +127,9 @@ void frmListentext::formFormatieren() {
     frmAuswahl[1]->setVisible(isGroup);
     frmAuswahl[0]->setTitle(offeringTyp(m_kind).toUpper());
     m_offeringLabel->setText(m_kind == OfferingKind::Mensa ? u"&ME:"_s : u"&LZ:"_s);
-    adjustSize();
+    // Wide enough for a line of text as a list shows it.
+    const QSize wanted(kTextCharacters * fontMetrics().averageCharWidth(), 0);
+    resize(sizeHint().expandedTo(wanted).boundedTo(screen()->availableSize()));
 }
 
 void frmListentext::auswahlFüllen() {

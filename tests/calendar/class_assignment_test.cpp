@@ -23,8 +23,8 @@ void addPupil(const QString& name, const QVariant& klasse, const FieldValues& va
     addRow(kPupils, all);
 }
 
-/// 3a: 1 has other lunch, 2 has no all-day care, 3 is not active. 4 is in another class, 5 is a school starter
-/// without a class, 6 has never had one.
+/// 3a: 1 has other lunch, 2 has no all-day care, 3 is not active. 4 is in another class, 5 is a school
+/// starter without a class, 6 has never had one.
 void makeClasses() {
     addPupil(u"Arnold"_s, u"3a"_s, {{u"GR1_MO"_s, u"12:00 - 12:45 ME9"_s}, {u"GR4_MO"_s, kKey}});
     addPupil(u"Berger"_s, u"3a"_s, {{u"NichtOG"_s, true}});

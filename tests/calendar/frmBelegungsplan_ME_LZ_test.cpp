@@ -45,9 +45,7 @@ private:
         return form;
     }
 
-    static QString label(FormWindow& form, const QString& name) {
-        return control<QLabel>(form, name).text();
-    }
+    static QString label(FormWindow& form, const QString& name) { return control<QLabel>(form, name).text(); }
     static void leave(FormWindow& form) { QTest::keyClick(form.focusWidget(), Qt::Key_Tab); }
 
 private Q_SLOTS:

@@ -63,9 +63,8 @@ private Q_SLOTS:
         QTest::newRow("Mensa") << u"Weisen Sie hier einer Klasse eine bestimmte Mensa-Einheit zu!\r\n"
                                   "Es werden nur Klassen mit Schülern/Schülerinnen aufgelistet."_s
                                << u"MENSA"_s << u"MENSA an Klasse zuordnen"_s;
-        QTest::newRow("Lernzeit")
-            << u"Weisen Sie hier einer Klasse eine bestimmte Lernzeiten-Einheit zu!"_s << u"LERNZEIT"_s
-            << u"LERNZEIT an Klasse zuordnen"_s;
+        QTest::newRow("Lernzeit") << u"Weisen Sie hier einer Klasse eine bestimmte Lernzeiten-Einheit zu!"_s
+                                  << u"LERNZEIT"_s << u"LERNZEIT an Klasse zuordnen"_s;
         // The frame lacks a letter, as it always has.
         QTest::newRow("Arbeitsgruppe")
             << u"Weisen Sie hier einer Klasse eine bestimmte Arbeitsgruppen-Einheit zu!"_s

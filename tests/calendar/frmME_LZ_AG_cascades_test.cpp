@@ -31,6 +31,7 @@ private:
     void useSchool(bool groups) {
         useEmptyDatabase();
         groups ? makeGroupSchool() : makeCareSchool();
+        addRow(u"Unterrichtseinheiten"_s, {{u"ID"_s, 0}, {u"Zeit"_s, kUnit}, {u"Sort_NR"_s, 1}});
     }
 
     static FormWindow& openForm(const QString& mode) {

@@ -354,6 +354,22 @@ private Q_SLOTS:
         QCOMPARE(columnOf(kPupils, u"GR1_MO"_s).count(u""_s), 1001);
     }
 
+    /// A pupil whom another workstation has open is changed like any other, and stays open there.
+    void aPupilOpenElsewhereIsChangedUnderneath() {
+        useCareSchool();
+        {
+            const DbSession session(u"Test"_s);
+            Global().Conn.Change(kPupils,
+                                 {{u"ZeitStempel"_s, u"20.11.2026 09:29:00"_s}, {u"PC_Name"_s, u"PC-2"_s}},
+                                 u"ID = 4"_s);
+        }
+        ExpectedState expected;
+        remove(kMensa, 3);
+        expected.change(kPupils, 4, {{u"GR1_MO"_s, u""_s}});
+        expected.remove(u"GR1"_s, {3}).remove(kTexts, {4}).remove(kPlaces, {3}).remove(kNotes, {5});
+        COMPARE_STATE(expected);
+    }
+
     void anApostropheIsRefusedAndAllStaysAsItWas() {
         useGroupSchool();
         const ExpectedState expected;
