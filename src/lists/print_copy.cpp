@@ -16,10 +16,12 @@ namespace {
 // stands at a fixed place; the head's keeps the upper line of a table from showing at the end of the sheet
 // before. The box is no TABLE, which would take the fonts away from what stands in it. It is not closed
 // again: the page's end does that, whatever markup the data hold. The list begins at the margin, so that its
-// table, as wide as the printer reaches, fits the sheet in its true size.
+// table, as wide as the printer reaches, fits the sheet in its true size. A row is never cut in two: the lists
+// without a repeated heading would let the upper half stand in the room of the date.
 constexpr QByteArrayView kPaperStyle = R"(<style>
 body { margin: 0; }
 #box_table { margin-left: 0; }
+tr { break-inside: avoid; }
 #kolibri_blatt { display: table; width: 100%; }
 .kolibri_kopf { display: table-header-group; break-inside: avoid; }
 .kolibri_kopf div { height: 1px; }
