@@ -1,4 +1,4 @@
-// Time of each pupil list from the menu entry to the written page, beside the time in which the sqlite3 shell
+// Time of the lists from the menu entry to the written page, beside the time in which the sqlite3 shell
 // writes the same rows as an HTML table.
 
 #include "core/doors.h"
@@ -133,7 +133,12 @@ int main(int argc, char** argv) {
                                  {u"Neue Schüler"_s, kNeueSchueler},
                                  {u"Nicht OG Schüler"_s, kNichtOgSchueler},
                                  {u"Erweiterte Liste"_s, kErweiterteListe},
-                                 {u"Erweiterte Liste, alles"_s, kErweiterteListe, true}};
+                                 {u"Erweiterte Liste, alles"_s, kErweiterteListe, true},
+                                 {u"Bericht Mensa gesamt"_s, kMensaGesamt},
+                                 {u"Belegung Mensa"_s, kMensaBelegung},
+                                 {u"Bericht Arbeitsgruppen"_s, kArbeitsgruppenGesamt},
+                                 {u"Notizen ME LZ AG"_s, kNotizenZuweisungen},
+                                 {u"Notizen Tagesplan"_s, kNotizenTagesplan}};
     const QString shell = QStandardPaths::findExecutable(u"sqlite3"_s);
     Table table(u"A list, from the menu entry to the written page (median of 7; target for the Erweiterte "
                 u"Liste of 1,000 pupils with everything: 3 times the shell)"_s,

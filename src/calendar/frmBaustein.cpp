@@ -59,8 +59,14 @@ void frmBaustein::zeileGewählt(const QString& itemText) {
     if (Tag == u"Neu"_s)
         return;
     const DbSession session(u"Baustein lesen"_s);
+    m_id.reset();
+    txtBaustein->clear();
+    const auto text = Baustein_Text(id);
+    // Another workstation may have deleted it; then no row is chosen.
+    if (!text)
+        return;
     m_id = id;
-    Baustein_alt = Baustein_Text(id);
+    Baustein_alt = *text;
     txtBaustein->setText(Baustein_alt);
 }
 

@@ -25,12 +25,13 @@ frmKlassenNeuLöschen::frmKlassenNeuLöschen()
     lstKlassen->setObjectName(u"lstKlassen"_s);
     lstKlassen->setAccessibleName(u"Klassen"_s);
     lstKlassen->setAlternatingRowColors(true);
-    const auto copy = [this](const QListWidgetItem* item) {
-        if (item)
+    // Only what is selected: when Tab reaches the list, its first entry is not the user's choice yet.
+    const auto copy = [this] {
+        if (const auto* item = lstKlassen->selectedItems().value(0))
             txtKlasse->setText(item->text());
     };
     connect(lstKlassen, &QListWidget::itemClicked, this, copy);
-    connect(lstKlassen, &QListWidget::currentItemChanged, this, copy);
+    connect(lstKlassen, &QListWidget::itemSelectionChanged, this, copy);
 
     auto* column = new QVBoxLayout(this);
     column->addWidget(listBesideFields(lstKlassen, buildFields()), 1);

@@ -43,13 +43,13 @@ const std::array<BoxLayout, kOfferingBoxes>& boxLayouts() {
 
 std::vector<ListColumn> listColumns(OfferingKind kind) {
     std::vector<ListColumn> columns{
-        {u"ID"_s, 7, SortKind::Number},       {u"K_Name"_s, 9, SortKind::Text},
-        {u"L_Name"_s, 20, SortKind::Text},    {u"Tag"_s, 6, SortKind::Text},
+        {u"ID"_s, 6, SortKind::Number},       {u"K_Name"_s, 8, SortKind::Text},
+        {u"L_Name"_s, 18, SortKind::Text},    {u"Tag"_s, 6, SortKind::Text},
         {u"Zeit_von"_s, 9, SortKind::Number}, {u"Zeit_bis"_s, 9, SortKind::Number},
-        {u"Zeit"_s, 15, SortKind::Number}};
+        {u"Zeit"_s, 13, SortKind::Number}};
     if (kind == OfferingKind::Arbeitsgruppe)
-        columns.insert(columns.end(), {{u"Betreuer/in"_s, 16}, {u"Ort"_s, 14}, {u"Anmerkung"_s, 16}});
-    columns.push_back({u"Unterrichtseinheit"_s, 15});
+        columns.insert(columns.end(), {{u"Betreuer/in"_s, 14}, {u"Ort"_s, 13}, {u"Anmerkung"_s, 17}});
+    columns.push_back({u"Unterrichtseinheit"_s, 13});
     return columns;
 }
 
@@ -269,11 +269,13 @@ void frmME_LZ_AG::ok() {
 }
 
 void frmME_LZ_AG::schreiben() {
+    qint64 written = m_clicked.id;
     if (m_mode.action == OfferingAction::Neu)
-        ME_LZ_AG_Daten_NEU(m_mode.kind, eingaben());
+        written = ME_LZ_AG_Daten_NEU(m_mode.kind, eingaben());
     else
         ME_LZ_AG_Daten_ÄNDERN(m_mode, eingaben(), m_clicked);
     ME_LZ_AG_DatenAnzeigen();
+    lvwME_LZ_AG->showRow(lvwME_LZ_AG->rowOfKey(ItemKey(written)));
     ME_LZ_AG_EingabefelderLöschen();
     setFirstFocus();
 }

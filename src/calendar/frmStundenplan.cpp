@@ -32,14 +32,7 @@ frmStundenplan::frmStundenplan()
     auto* frame = new FieldFrame(u"STUNDENPLAN"_s);
     frame->addLine(u"&Klasse:"_s, cmbKlasse);
     frame->addWide(lblHinweis);
-    auto* scroll = new QScrollArea;
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidget(buildGrid());
-    // The frame's own ground goes on behind the lines.
-    scroll->viewport()->setAutoFillBackground(false);
-    scroll->widget()->setAutoFillBackground(false);
-    frame->addWide(scroll);
+    frame->addWide(fieldArea(buildGrid()));
     auto* column = new QVBoxLayout(this);
     column->addWidget(frame, 1);
     auto* cmdOK = formButton(u"cmdOK"_s, u"O K"_s);
@@ -91,9 +84,12 @@ void frmStundenplan::Prepare() {
 
 void frmStundenplan::klasseGewählt() {
     const DbSession session(u"Stundenplan lesen"_s);
-    m_units = UE_feststellen();
+    const TimetableUnits units = UE_feststellen();
+    m_units = units.zeiten;
     Form_formatieren();
-    stundenplanAnzeigen();
+    MeldungVorbereitung(units.fehler, cmbKlasse->currentText());
+    if (units.fehler == TimetableError::None)
+        stundenplanAnzeigen();
 }
 
 void frmStundenplan::Form_formatieren() {
@@ -129,15 +125,18 @@ void frmStundenplan::stundenplanAnzeigen() {
     for (const auto& stored : Stundenplan_lesen(cmbKlasse->currentText()))
         for (const auto& line : m_lines)
             if (!line.unit->text().isEmpty() && line.unit->text() == stored.UE)
-                for (std::size_t day = 0; day < line.days.size(); ++day)
+                for (std::size_t day = 0; day < line.days.size(); ++day) {
                     line.days[day]->setText(stored.Tage[day]);
+                    // A long text is read from its beginning.
+                    line.days[day]->setCursorPosition(0);
+                }
 }
 
 void frmStundenplan::ok() {
     if (cmbKlasse->count() == 0)
         return;
     const DbSession session(u"Stundenplan speichern"_s);
-    if (UE_feststellen().isEmpty())
+    if (UE_feststellen().zeiten.isEmpty())
         return;
     std::vector<TimetableLine> lines;
     for (const auto& line : m_lines) {
@@ -149,6 +148,8 @@ void frmStundenplan::ok() {
         lines.push_back(written);
     }
     Stundenplan_schreiben(cmbKlasse->currentText(), lines);
+    // Arrow down leads on to the next class.
+    cmbKlasse->setFocus();
 }
 
 } // namespace kolibri

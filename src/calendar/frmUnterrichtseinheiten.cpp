@@ -102,8 +102,12 @@ void frmUnterrichtseinheiten::zeileGewählt(const QString& itemText) {
         return;
     const DbSession session(u"Unterrichtseinheit lesen"_s);
     eingabefelderLöschen();
+    const auto zeit = Unterrichtseinheit_Zeit(id);
+    // Another workstation may have deleted it; then no row is chosen.
+    if (!zeit)
+        return;
     m_id = id;
-    Zeit_alt = Unterrichtseinheit_Zeit(id);
+    Zeit_alt = *zeit;
     txtZeitVon->setText(Zeit_alt.left(kTimeLength));
     txtZeitBis->setText(Zeit_alt.right(kTimeLength));
 }
@@ -136,23 +140,25 @@ bool frmUnterrichtseinheiten::eingabenGültig() {
     return true;
 }
 
-bool frmUnterrichtseinheiten::schreiben() {
+bool frmUnterrichtseinheiten::löschenBestätigt() {
     constexpr int kYesNoStop = 20;
+    return MsgBox(u"Unterrichtseinheit wirklich löschen? Es wird diese Unterrichtseinheit, wenn vorhanden, "
+                  "auch bei Mensa, Lernzeit oder Arbeitsgruppe gelöscht!"_s,
+                  kYesNoStop, u"Unterrichtseinheit löschen"_s)
+           != kAnswerNo;
+}
+
+void frmUnterrichtseinheiten::schreiben() {
+    Transaction transaction(Global().Conn);
     const QString zeit = txtZeitVon->text() + u" - "_s + txtZeitBis->text();
     if (Global().ModusUE_Neu)
         m_id = static_cast<int>(Unterrichtseinheiten_Daten_Neu(zeit));
     else if (Global().ModusUE_Korrektur)
         Unterrichtseinheiten_Daten_Korrektur(*m_id, zeit, Zeit_alt);
-    else if (Global().ModusUE_Loeschen) {
-        if (MsgBox(u"Unterrichtseinheit wirklich löschen? Es wird diese Unterrichtseinheit, wenn vorhanden, "
-                   "auch bei Mensa, Lernzeit oder Arbeitsgruppe gelöscht!"_s,
-                   kYesNoStop, u"Unterrichtseinheit löschen"_s)
-            == kAnswerNo)
-            return false;
+    else if (Global().ModusUE_Loeschen)
         Unterrichtseinheiten_Daten_Löschen(*m_id, Zeit_alt);
-    }
     Unterrichtseinheiten_Sortieren();
-    return true;
+    transaction.Commit();
 }
 
 void frmUnterrichtseinheiten::ok() {
@@ -162,9 +168,10 @@ void frmUnterrichtseinheiten::ok() {
         meldungKeineZeile();
         return;
     }
-    const DbSession session(u"Unterrichtseinheit speichern"_s);
-    if (!schreiben())
+    if (Global().ModusUE_Loeschen && !löschenBestätigt())
         return;
+    const DbSession session(u"Unterrichtseinheit speichern"_s);
+    schreiben();
     const int written = *m_id;
     eingabefelderLöschen();
     Unterrichtseinheiten_DatenAnzeigen();

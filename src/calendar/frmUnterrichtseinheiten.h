@@ -29,8 +29,10 @@ private:
     void eingabefelderLöschen();
     /// Marks the boxes that are empty or hold no time and says what is wrong. False when something is.
     bool eingabenGültig();
-    /// Writes what the mode asks for. False when the user thought better of it.
-    bool schreiben();
+    /// Asks whether the unit is really to go. False when the user thought better of it.
+    bool löschenBestätigt();
+    /// Writes what the mode asks for and numbers the units anew; the database is open.
+    void schreiben();
     void ok();
 
     ListView* lvwUE;

@@ -11,6 +11,9 @@ namespace {
 const QString kTable = u"Bausteine"_s;
 
 void movePupils(const QString& from, const QString& to) {
+    // A damaged module without a text is not what the pupils hold who have booked none.
+    if (from.isEmpty())
+        return;
     Global().Conn.Change(u"Stammdaten"_s, {{u"Baustein"_s, to}}, u"Baustein = ?"_s, {from});
 }
 
@@ -24,9 +27,9 @@ std::vector<CareModule> Bausteine_DatenEinlesen() {
     return modules;
 }
 
-QString Baustein_Text(int id) {
+std::optional<QString> Baustein_Text(int id) {
     const Recordset rs = Global().Conn.Open(u"SELECT * FROM Bausteine WHERE ID = ?"_s, {id});
-    return rs.Eof() ? QString() : rs.Text(u"Bausteine");
+    return rs.Eof() ? std::nullopt : std::optional(rs.Text(u"Bausteine"));
 }
 
 qint64 Bausteine_Daten_Neu(const QString& baustein) {

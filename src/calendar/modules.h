@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 namespace kolibri {
@@ -14,12 +15,13 @@ struct CareModule {
 
 /// All modules in the order in which they were entered. The database is open, here as below.
 std::vector<CareModule> Bausteine_DatenEinlesen();
-/// The text of a module by its key; empty when it is no longer there.
-QString Baustein_Text(int id);
+/// The text of a module by its key; no value when it is no longer there.
+std::optional<QString> Baustein_Text(int id);
 
 /// Adds a module. A text that exists already is added once more. @returns its key
 qint64 Bausteine_Daten_Neu(const QString& baustein);
-/// Renames a module, and with it what all pupils hold who booked it, deactivated ones too.
+/// Renames a module, and with it what all pupils hold who booked it, deactivated ones too. Pupils without a
+/// module stay without one.
 void Bausteine_Daten_Korrektur(int id, const QString& baustein, const QString& baustein_alt);
 /// Deletes a module and empties the cell of all pupils who hold its text, also where another module bears the
 /// same.

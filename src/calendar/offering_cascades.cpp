@@ -21,9 +21,18 @@ QString pupilColumn(const QString& table, const QString& day) {
     return table + u'_' + day;
 }
 
-/// Keys of the pupils who hold the offering in this cell.
+/// Keys of the pupils who hold the offering in this cell. There is none for a Saturday, nor for whatever else
+/// a file may have as a day.
 std::vector<qint64> pupilsWith(const QString& column, const QString& key) {
-    Recordset rs = Global().Conn.Open(u"SELECT ID FROM Stammdaten WHERE %1 = ?"_s.arg(column), {key});
+    auto& conn = Global().Conn;
+    if (!conn.HasColumn(kPupils, column)) {
+        StoreError error(StoreError::Kind::Programming,
+                         u"Das Feld \"%1\" gibt es in der Tabelle \"%2\" nicht."_s.arg(column, kPupils),
+                         kPupils);
+        error.setPurpose(conn.Purpose());
+        throw error;
+    }
+    Recordset rs = conn.Open(u"SELECT ID FROM Stammdaten WHERE %1 = ?"_s.arg(column), {key});
     if (rs.RecordCount() > kMostPupilsOfACascade)
         throw RuntimeError::outOfRange(
             u"%1: %2 Kinder, höchstens %3"_s.arg(key).arg(rs.RecordCount()).arg(kMostPupilsOfACascade));

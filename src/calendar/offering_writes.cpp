@@ -38,20 +38,26 @@ void addUnderKey(const QString& table, const Offering& offering, const QString& 
 
 } // namespace
 
-void ME_LZ_Daten_NEU(OfferingKind kind, const Offering& offering) {
+qint64 ME_LZ_Daten_NEU(OfferingKind kind, const Offering& offering) {
     Transaction transaction(Global().Conn);
-    for (const auto& day : offering.tage)
-        offeringRow(listTableOf(kind), kind, offering, day).Update();
+    qint64 firstKey = 0;
+    for (const auto& day : offering.tage) {
+        const qint64 key = offeringRow(listTableOf(kind), kind, offering, day).Update();
+        firstKey = firstKey == 0 ? key : firstKey;
+    }
     transaction.Commit();
+    return firstKey;
 }
 
-void AG_Daten_NEU(const Offering& offering) {
+qint64 AG_Daten_NEU(const Offering& offering) {
     auto& conn = Global().Conn;
     const QString first = listTableOf(OfferingKind::Arbeitsgruppe);
     Transaction transaction(conn);
     QHash<QString, qint16> keys;
+    qint64 firstKey = 0;
     for (const auto& day : offering.tage) {
-        offeringRow(first, OfferingKind::Arbeitsgruppe, offering, day).Update();
+        const qint64 key = offeringRow(first, OfferingKind::Arbeitsgruppe, offering, day).Update();
+        firstKey = firstKey == 0 ? key : firstKey;
         const Recordset rs = conn.Open(u"SELECT * FROM %1 WHERE L_Name = ? AND Tag = ?"_s.arg(first),
                                        {offering[kBoxLName], day});
         keys.insert(day, rs.Eof() ? qint16(0) : RowId(rs.Number(u"ID")));
@@ -61,6 +67,7 @@ void AG_Daten_NEU(const Offering& offering) {
             for (const auto& day : offering.tage)
                 addUnderKey(table, offering, day, keys.value(day));
     transaction.Commit();
+    return firstKey;
 }
 
 void Tabelle_Parameter_Daten_NEU(OfferingKind kind, const Offering& offering) {
@@ -73,15 +80,14 @@ void Tabelle_Parameter_Daten_NEU(OfferingKind kind, const Offering& offering) {
         .Update();
 }
 
-void ME_LZ_AG_Daten_NEU(OfferingKind kind, const Offering& offering) {
-    if (kind == OfferingKind::Arbeitsgruppe) {
-        AG_Daten_NEU(offering);
-        return;
-    }
+qint64 ME_LZ_AG_Daten_NEU(OfferingKind kind, const Offering& offering) {
+    if (kind == OfferingKind::Arbeitsgruppe)
+        return AG_Daten_NEU(offering);
     Transaction transaction(Global().Conn);
-    ME_LZ_Daten_NEU(kind, offering);
+    const qint64 firstKey = ME_LZ_Daten_NEU(kind, offering);
     Tabelle_Parameter_Daten_NEU(kind, offering);
     transaction.Commit();
+    return firstKey;
 }
 
 } // namespace kolibri

@@ -12,6 +12,9 @@ namespace {
 const QString kTable = u"Unterrichtseinheiten"_s;
 
 void moveOfferings(const QString& from, const QString& to) {
+    // A damaged unit without a time is not the one of the offerings that have none.
+    if (from.isEmpty())
+        return;
     for (const auto& table : offeringTables())
         Global().Conn.Change(table, {{u"UE_Zeit"_s, to}}, u"UE_Zeit = ?"_s, {from});
 }
@@ -26,9 +29,9 @@ std::vector<TeachingUnit> Unterrichtseinheiten_DatenEinlesen() {
     return units;
 }
 
-QString Unterrichtseinheit_Zeit(int id) {
+std::optional<QString> Unterrichtseinheit_Zeit(int id) {
     const Recordset rs = Global().Conn.Open(u"SELECT * FROM Unterrichtseinheiten WHERE ID = ?"_s, {id});
-    return rs.Eof() ? QString() : rs.Text(u"Zeit");
+    return rs.Eof() ? std::nullopt : std::optional(rs.Text(u"Zeit"));
 }
 
 qint64 Unterrichtseinheiten_Daten_Neu(const QString& zeit) {

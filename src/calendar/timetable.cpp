@@ -27,11 +27,11 @@ void addLine(qint64 id, const QString& klasse, const TimetableLine& line) {
 
 } // namespace
 
-QStringList UE_feststellen() {
-    QStringList units;
+TimetableUnits UE_feststellen() {
+    TimetableUnits units;
     for (Recordset rs = Global().Conn.Open(u"SELECT * FROM Unterrichtseinheiten ORDER BY Sort_NR"_s);
          !rs.Eof(); rs.MoveNext())
-        units << rs.Text(u"Zeit");
+        units.zeiten << rs.Text(u"Zeit");
     return units;
 }
 

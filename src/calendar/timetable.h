@@ -21,9 +21,16 @@ struct TimetableLine {
 /// What is missing for a timetable.
 enum class TimetableError : quint8 { None = 0, NoEntry = 1, NoBegin = 2, NoEnd = 3 };
 
-/// Times of all teaching units in their order; there may be more than kTimetableLines. The database is open,
+/// The teaching units that a timetable is made for.
+struct TimetableUnits {
+    /// Times of all units in their order; there may be more than kTimetableLines.
+    QStringList zeiten;
+    TimetableError fehler = TimetableError::None;
+};
+
+/// Finds the units. Nothing that is missing has ever been counted as an error here. The database is open,
 /// here as below.
-QStringList UE_feststellen();
+TimetableUnits UE_feststellen();
 /// The stored lines of a class. Lines of a teaching unit that has changed its time since are among them.
 std::vector<TimetableLine> Stundenplan_lesen(const QString& klasse);
 /// Writes the lines of a class: a line of a unit that the class has no row for is added, any other changed.

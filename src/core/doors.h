@@ -42,8 +42,8 @@ public:
     virtual ~FileDoor() = default;
     virtual QString chooseFolder(const QString& title, const QString& start) = 0;
     virtual QString chooseFile(const QString& title, const QString& start, const QString& filter) = 0;
-    /// A file to be written; `start` holds the suggested name. Whether a file that is there may be replaced is
-    /// for the caller to ask.
+    /// A file to be written; `start` holds the suggested name. Whether a file that is there may be replaced
+    /// is for the caller to ask.
     virtual QString chooseSaveFile(const QString& title, const QString& start, const QString& filter) = 0;
 };
 

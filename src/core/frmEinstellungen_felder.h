@@ -48,8 +48,8 @@ private:
     std::array<QCheckBox*, kFontSettings> chkKursiv;
     std::array<QComboBox*, kNameFormats> cmbName;
     std::array<QComboBox*, kNameFormats> cmbNameZuerst;
-    std::array<EntryBox*, kFees> txtBeitrag;
-    std::array<QCheckBox*, kFees> chkBeitrag;
+    std::array<EntryBox*, kBeitraege> txtBeitrag;
+    std::array<QCheckBox*, kBeitraege> chkBeitrag;
     QCheckBox* chkSchwimmer;
     QCheckBox* chkBaustein;
     QCheckBox* chkKennung;

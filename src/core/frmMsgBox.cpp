@@ -27,6 +27,11 @@ frmMsgBox::frmMsgBox() : FormWindow(u"frmMsgBox"_s), m_text(new QLabel) {
 void frmMsgBox::zeigen(const QString& titel, const QString& text) {
     setWindowTitle(titel);
     m_text->setText(text);
+    // Left to itself, the window would take two thirds of a small screen and cut the text off.
+    layout()->invalidate();
+    layout()->activate();
+    const int width = layout()->totalSizeHint().width();
+    resize(QSize(width, layout()->totalHeightForWidth(width)).boundedTo(roomOnScreen(*this)));
     ShowOver(nullptr);
 }
 

@@ -14,6 +14,8 @@ enum NameFormat : quint8 { kNamesMensaLernzeit = 0, kNamesArbeitsgruppe = 1, kNa
 inline constexpr int kNameFormats = 3;
 /// Labels of the ten contact fields.
 inline constexpr int kContactFields = 10;
+/// Fees of a pupil.
+inline constexpr int kBeitraege = 7;
 
 /// The state that all forms share. One instance in the running program; a test makes it anew.
 struct mdlGlobal {

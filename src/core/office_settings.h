@@ -11,8 +11,6 @@ inline constexpr int kSmallestFont = 8;
 inline constexpr int kLargestFont = 22;
 /// Heading, rows and sums of the lists, heading and rows of the Tagesplan.
 inline constexpr int kFontSettings = 5;
-/// Fees that a pupil can have.
-inline constexpr int kFees = 7;
 
 /// Font of a kind of row in a list.
 struct FontSetting {
@@ -43,7 +41,7 @@ struct ContactSetting {
 struct OfficeSettings {
     std::array<FontSetting, kFontSettings> Schriften;
     std::array<NameSetting, kNameFormats> Namen;
-    std::array<FeeSetting, kFees> Beiträge;
+    std::array<FeeSetting, kBeitraege> Beiträge;
     bool Schwimmer = false;
     bool Baustein = false;
     bool Kennung = false;

@@ -1,6 +1,7 @@
 #include "lists/frmAnzeige_WEB_Browser.h"
 
 #include "core/mdlAllgemein.h"
+#include "core/mdlGlobal.h"
 #include "core/page_module.h"
 #include "core/runtime_error.h"
 #include "core/widgets/wait_cursor.h"
@@ -9,6 +10,7 @@
 #include "lists/page_production.h"
 #include "lists/pdf_file.h"
 #include "lists/print_copy.h"
+#include "lists/reports/occupancy_picture.h"
 
 #include <QApplication>
 #include <QDir>
@@ -38,6 +40,7 @@ const std::vector<MenuEntry>& menuEntries() {
     static const std::vector<MenuEntry> entries{
         {u"mnuFensterSchliessen"_s, u"&Fenster schliessen"_s, {}, [](Window& window) { window.reject(); }},
         {u"mnuDrucken"_s, u"&Drucken"_s, QKeySequence::Print, [](Window& window) { window.Drucken(); }},
+        {u"mnuGrafik"_s, u"&Grafik"_s, {}, [](Window& window) { window.GrafikUmschalten(); }},
         {u"mnuPDF"_s, u"Als PDF speichern"_s, QKeySequence::Save,
          [](Window& window) { window.AlsPdfSpeichern(); }},
         {u"mnuExcelExport"_s,
@@ -88,6 +91,8 @@ void frmAnzeige_WEB_Browser::buildMenu(QVBoxLayout& column) {
             menu->addAction(entry.caption, entry.shortcut, this, [this, run = entry.action] { run(*this); });
         action->setObjectName(entry.name);
     }
+    mnuGrafik = menu->findChild<QAction*>(u"mnuGrafik"_s);
+    mnuGrafik->setCheckable(true);
     column.setMenuBar(bar);
 }
 
@@ -117,7 +122,10 @@ void frmAnzeige_WEB_Browser::ShowPage(QWidget* opener) {
         const WaitCursor wait;
         producePage();
         followFormat();
-        // A view keeps its last picture until it has drawn the next page; nobody shall see the list of before.
+        mnuGrafik->setVisible(hasOccupancyPicture(Global().ListenArt));
+        mnuGrafik->setChecked(false);
+        // A view keeps its last picture until it has drawn the next page; nobody shall see the list of
+        // before.
         m_view.reset();
         ShowFile(pageFile());
     }
@@ -131,6 +139,10 @@ void frmAnzeige_WEB_Browser::ShowFile(const QString& file) {
     if (!view().load(file))
         throw PageError(u"Die Seite %1 kann nicht angezeigt werden."_s.arg(QDir::toNativeSeparators(file)));
     m_file = file;
+}
+
+void frmAnzeige_WEB_Browser::GrafikUmschalten() {
+    ShowFile(mnuGrafik->isChecked() ? writeOccupancyPicture() : pageFile());
 }
 
 PageView& frmAnzeige_WEB_Browser::view() {

@@ -5,6 +5,7 @@
 
 #include <QPageLayout>
 
+class QAction;
 class QVBoxLayout;
 
 namespace kolibri {
@@ -29,6 +30,8 @@ public:
     /// What the entries of the menu do.
     void Drucken();
     void AlsPdfSpeichern();
+    /// Shows the picture of an occupancy plan in the place of its page, and the page again.
+    void GrafikUmschalten();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -46,6 +49,7 @@ private:
 
     std::unique_ptr<PageView> m_view;
     QVBoxLayout* m_place;
+    QAction* mnuGrafik = nullptr;
     FindBar* m_findBar;
     QString m_file;
     double m_zoom = 1;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/doors.h"
+#include "core/mdlGlobal.h"
 #include "lists/care/care_options.h"
 #include "lists/care/mensa_pupils.h"
 #include "lists/cell_table.h"

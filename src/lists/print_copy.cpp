@@ -15,13 +15,15 @@ namespace {
 // sheet, and with them the room that they take. The foot's room is for the date, which is repeated because it
 // stands at a fixed place; the head's keeps the upper line of a table from showing at the end of the sheet
 // before. The box is no TABLE, which would take the fonts away from what stands in it. It is not closed
-// again: the page's end does that, whatever markup the data hold. The list begins at the margin, so that its
-// table, as wide as the printer reaches, fits the sheet in its true size. A row is never cut in two: the lists
-// without a repeated heading would let the upper half stand in the room of the date.
+// again: the page's end does that, whatever markup the data hold. A row stays on one sheet. A
+// heading asks for the room of a small table below itself, since the engine does not keep it with what
+// follows, and lends that room to the table. The list begins at the margin, so that its table, as wide as the
+// printer reaches, fits the sheet in its true size.
 constexpr QByteArrayView kPaperStyle = R"(<style>
 body { margin: 0; }
 #box_table { margin-left: 0; }
 tr { break-inside: avoid; }
+.UE1_vorher { break-inside: avoid; padding-bottom: 120px; margin-bottom: -110px; }
 #kolibri_blatt { display: table; width: 100%; }
 .kolibri_kopf { display: table-header-group; break-inside: avoid; }
 .kolibri_kopf div { height: 1px; }

@@ -45,6 +45,13 @@ void addRowsUnlessThere(Connection& conn, const QString& key, const std::vector<
         addRows(conn, kSettings, rows);
 }
 
+QVariant number(const SettingsRow& row) {
+    for (const auto& value : row)
+        if (value.field == u"Nummer"_s)
+            return value.value;
+    return {};
+}
+
 } // namespace
 
 void convertContacts(Connection& conn) {
@@ -91,7 +98,16 @@ void convertCategories(Connection& conn) {
     for (Recordset rs = conn.Open(u"SELECT * FROM Einstellungen WHERE Feld = ?"_s, {u"GV1"_s}); !rs.Eof();
          rs.MoveNext())
         labels << rs.Text(u"Bezeichnung");
-    addRowsUnlessThere(conn, u"Kontakt"_s, contactRows(labels));
+    // A file that has lost the table alone keeps its rows, and those that have lost their category get it
+    // back.
+    for (const auto& row : contactRows(labels))
+        if (conn.Open(u"SELECT * FROM Einstellungen WHERE Feld = ? AND Nummer = ?"_s,
+                      {row.front().value, number(row)})
+                .Eof())
+            addRows(conn, kSettings, {row});
+        else
+            conn.Change(kSettings, {row.back()}, u"Feld = ? AND Nummer = ? AND KategorieKontakte IS NULL"_s,
+                        {row.front().value, number(row)});
 }
 
 } // namespace kolibri

@@ -31,6 +31,7 @@ private:
     void addPupilColumns();
     void addClassColumns();
     void splitClasses();
+    void addNameFormats(const QString& column);
     void addSettingsColumns();
     void addSlotTables();
 
@@ -151,19 +152,31 @@ void SchemaPass::splitClasses() {
                           u"ID = ?"_s, {rs.Number(u"ID")});
 }
 
-void SchemaPass::addSettingsColumns() {
-    if (addColumns(kSettings, {u"NameKurz"_s, u"NameZuerst"_s}))
-        for (const auto& row : nameFormatRows())
-            // A row that has lost its columns gets its values back; a list finds only the first of two rows.
-            if (m_conn.Change(kSettings, row, u"Feld = ?"_s, {row.front().value}) == 0)
+/// The standard name formats of a new column. A row that has lost the column gets its value back; of two rows
+/// the lists would find the first only.
+void SchemaPass::addNameFormats(const QString& column) {
+    for (const auto& row : nameFormatRows())
+        for (const auto& value : row)
+            if (value.field == column
+                && m_conn.Change(kSettings, {value}, u"Feld = ?"_s, {row.front().value}) == 0)
                 addRows(m_conn, kSettings, {row});
+}
+
+void SchemaPass::addSettingsColumns() {
+    const bool shorteningIsNew = addColumns(kSettings, {u"NameKurz"_s});
+    const bool orderIsNew = addColumns(kSettings, {u"NameZuerst"_s});
+    if (shorteningIsNew)
+        addNameFormats(u"NameKurz"_s);
+    if (orderIsNew)
+        addNameFormats(u"NameZuerst"_s);
     addColumns(kSettings, {u"BeitragAktiv"_s, u"BeitragBezeichnung"_s, u"SchülerZusatz"_s, u"Bezeichnung"_s,
                            u"Nummer"_s});
 }
 
 void SchemaPass::addSlotTables() {
-    Global().UpgradeAG_Slots = addTable(u"GR6"_s);
-    addTable(u"GR7"_s);
+    const bool fourthIsNew = addTable(u"GR6"_s);
+    const bool fifthIsNew = addTable(u"GR7"_s);
+    Global().UpgradeAG_Slots = fourthIsNew || fifthIsNew;
     for (const auto& table : {u"GR5"_s, u"GR4"_s, u"GR3"_s, u"GR2"_s, u"GR1"_s})
         addColumns(table, {u"UE_Zeit"_s});
 }

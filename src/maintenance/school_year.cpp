@@ -52,8 +52,8 @@ QStringList classLetters(Connection& conn) {
     QStringList letters;
     for (Recordset rs = conn.Open(u"SELECT Kl_Nr FROM Stammdaten"_s); !rs.Eof(); rs.MoveNext()) {
         const QString letter = rs.Text(u"Kl_Nr");
-        const bool isLetter = letter.size() == 1 && letter.front() >= u'a' && letter.front() <= u'z';
-        if (isLetter && !letters.contains(letter))
+        const QChar small = letter.size() == 1 ? letter.front().toLower() : QChar();
+        if (small >= u'a' && small <= u'z' && !letters.contains(letter, Qt::CaseInsensitive))
             letters << letter;
     }
     return letters;

@@ -1,5 +1,7 @@
 #include "maintenance/settings_rows.h"
 
+#include "core/mdlGlobal.h"
+
 using namespace Qt::StringLiterals;
 
 namespace kolibri {
@@ -26,10 +28,9 @@ SettingsRow labelRow(const QString& key, int number, const QString& label) {
 }
 
 std::vector<SettingsRow> makeFeeRows() {
-    constexpr int kFees = 7;
     std::vector<SettingsRow> rows{feeRow(0, true, u"Mitgliedsbeitrag"_s),
                                   feeRow(1, true, u"Betreuungsbeitrag"_s)};
-    for (int number = 2; number < kFees; ++number)
+    for (int number = 2; number < kBeitraege; ++number)
         rows.push_back(feeRow(number, false, {}));
     return rows;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/mdlGlobal.h"
+
 #include <QString>
 #include <QVariant>
 
@@ -9,8 +11,7 @@
 
 namespace kolibri {
 
-/// Fees of a pupil, and the sum behind them.
-inline constexpr int kBeitraege = 7;
+/// The sum stands behind the fees.
 inline constexpr int kBeitragSumme = kBeitraege;
 using BeitragTexte = std::array<QString, kBeitraege + 1>;
 

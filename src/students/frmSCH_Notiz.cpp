@@ -22,7 +22,7 @@ namespace kolibri {
 namespace {
 
 constexpr int kTextLines = 8;
-constexpr int kTextLetters = 52;
+constexpr int kTextLetters = 64;
 
 /// A picture beside the heading; its words are read out.
 QLabel* picture(const QString& name, const QString& drawing, const QString& words, const QWidget& form) {
@@ -40,13 +40,12 @@ QLabel* picture(const QString& name, const QString& drawing, const QString& word
 frmSCH_Notiz::frmSCH_Notiz()
     : FormWindow(u"frmSCH_Notiz"_s),
       lblÜ1(new QLabel),
-      txtSchülerIn(new EntryBox(u"txtSchülerIn"_s)),
+      txtSchülerIn(displayBox(u"txtSchülerIn"_s)),
       rtfNotiz(new QTextEdit),
       chkKeineTeilnahme(new QCheckBox),
       cmdOK(formButton(u"cmdOK"_s, u"O K"_s)),
       cmdLöschen(formButton(u"cmdLöschen"_s, u"LÖSCHEN"_s)) {
     setWindowTitle(u"Notiz"_s);
-    txtSchülerIn->setReadOnly(true);
     rtfNotiz->setObjectName(u"rtfNotiz"_s);
     // Only the letters of a note are kept.
     rtfNotiz->setAcceptRichText(false);
@@ -92,7 +91,8 @@ QWidget* frmSCH_Notiz::buildButtons() {
     cmdOK->setDefault(true);
     connect(cmdOK, &QPushButton::clicked, this, [this] { ok(); });
     connect(cmdLöschen, &QPushButton::clicked, this, [this] { löschen(); });
-    // Apart from the others, so that a note is not deleted by a slip of the mouse.
+    // Apart from the others, and never pressed by Enter, so that no note is deleted by a slip.
+    cmdLöschen->setAutoDefault(false);
     auto* bar = new QWidget;
     auto* line = new QHBoxLayout(bar);
     line->setContentsMargins({});

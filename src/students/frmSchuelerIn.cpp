@@ -31,7 +31,7 @@ using namespace Qt::StringLiterals;
 namespace kolibri {
 namespace {
 
-constexpr QSize kFirstSize(1320, 690);
+constexpr QSize kFirstSize(1350, 700);
 
 QScrollArea* scrolling(QWidget* page) {
     auto* area = new QScrollArea;
@@ -98,7 +98,7 @@ frmSchülerIn::frmSchülerIn()
     // The list has many columns to scroll through; what room there is more belongs to the record.
     halves->setStretchFactor(0, 0);
     halves->setStretchFactor(1, 1);
-    lvwStammdaten->setMinimumWidth(fontMetrics().averageCharWidth() * 20);
+    lvwStammdaten->setMinimumWidth(fontMetrics().averageCharWidth() * 14);
     auto* whole = new QVBoxLayout(this);
     whole->addWidget(halves);
     resize(kFirstSize.boundedTo(screen()->availableSize()));
@@ -216,7 +216,7 @@ void frmSchülerIn::listenLaden() {
 }
 
 void frmSchülerIn::ListeFuellen() {
-    constexpr int kName = 16, kDate = 11, kClass = 5, kOther = 12;
+    constexpr int kName = 14, kDate = 11, kClass = 5, kOther = 12;
     if (!m_spaltenDa || m_platzhalter) {
         std::vector<ListColumn> columns;
         for (const auto& [kopf, sortierung] : SchuelerListenSpalten())

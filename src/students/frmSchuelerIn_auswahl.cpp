@@ -45,6 +45,8 @@ void frmSchülerIn::ListViewStammdaten_Click() {
     {
         const DbSession session(u"Schülerdaten lesen"_s);
         m_belegtVon = DatensatzBeanspruchen(id);
+        // A record that is ours can be worked on, even if not all of it can be read.
+        DatensatzWirdGeladen = m_belegtVon.has_value();
         if (!m_belegtVon)
             datensatzLesen(id);
     }
@@ -52,7 +54,6 @@ void frmSchülerIn::ListViewStammdaten_Click() {
         MsgBox(BelegtMeldung(*m_belegtVon));
         return;
     }
-    DatensatzWirdGeladen = false;
     uhrStellen();
 }
 
@@ -136,8 +137,6 @@ void frmSchülerIn::drucken() {
         return;
     zeileMerken();
     schuelerFormZiele().drucken();
-    // The page has been closed again, and others may have worked meanwhile.
-    Prepare();
 }
 
 void frmSchülerIn::Check_ZeitÜberschneidungen_Vor_Datenübernahme() {

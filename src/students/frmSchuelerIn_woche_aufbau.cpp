@@ -14,6 +14,7 @@ namespace {
 
 constexpr QRgb kTickOnLight = 0xff0b7a2a;
 constexpr QRgb kTickOnDark = 0xff5fd38a;
+constexpr qreal kQuiet = 0.45;
 
 /// GR1 "MENSA" to GR7 "5. ARBEITSGRUPPE".
 QString groupCaption(int gruppe) {
@@ -39,7 +40,8 @@ public:
     }
 
     void addCell(QWidget* cell) {
-        // The share of the width alone decides, not what the cell holds.
+        // The share of the width alone decides, not what the cell holds; but none is squeezed.
+        cell->setMinimumWidth(cell->minimumSizeHint().width());
         cell->setSizePolicy(QSizePolicy::Ignored, cell->sizePolicy().verticalPolicy());
         m_line->addWidget(cell, 1);
     }
@@ -50,13 +52,11 @@ private:
 
 /// A box that shows a teaching time.
 EntryBox* timeBox(const QString& name, const QString& words) {
-    auto* box = new EntryBox(name);
-    box->setReadOnly(true);
+    EntryBox* box = displayBox(name);
     box->setFrame(false);
     QPalette colours = box->palette();
     colours.setColor(QPalette::Base, Qt::transparent);
     box->setPalette(colours);
-    box->setFocusPolicy(Qt::ClickFocus);
     box->setAlignment(Qt::AlignCenter);
     box->setAccessibleName(words);
     return box;
@@ -147,7 +147,9 @@ QWidget* SchuelerWoche::buildCell(int gruppe, int tag) {
     cell.bilder = new QStackedWidget;
     cell.bilder->addWidget(new QWidget);
     const QColor tick = QColor::fromRgb(isDark(palette()) ? kTickOnDark : kTickOnLight);
-    const QColor grey = palette().color(QPalette::Disabled, QPalette::WindowText);
+    // Quiet, but still to be seen on a poor screen.
+    const QColor grey =
+        blended(palette().color(QPalette::WindowText), palette().color(QPalette::Window), kQuiet);
     auto* none = drawnButton(named(u"N_GR%1"_s), u"notiz"_s, u"Notiz schreiben: "_s + place, grey);
     auto* there = drawnButton(named(u"Y_GR%1"_s), u"haken"_s, u"Notiz vorhanden: "_s + place, tick);
     for (auto* image : {none, there}) {

@@ -30,7 +30,7 @@ constexpr int kListColumns = 5;
 frmWP_Notizen::frmWP_Notizen()
     : FormWindow(u"frmWP_Notizen"_s),
       lvwStammdaten(new ListView(u"lvwStammdaten"_s, u"Schüler und Schülerinnen"_s)),
-      txtSchüler(new EntryBox(u"txtSchüler"_s)),
+      txtSchüler(displayBox(u"txtSchüler"_s)),
       cmbUE(new RecordChoice(u"cmbUE"_s)),
       cmbTag(new RecordChoice(u"cmbTag"_s)),
       txtNotiz(new QPlainTextEdit) {
@@ -45,12 +45,12 @@ frmWP_Notizen::frmWP_Notizen()
     column->addWidget(listBesideFields(lvwStammdaten, buildFields()), 1);
     cmdOK = addEditorButtons(*this, *column);
     connect(cmdOK, &QPushButton::clicked, this, [this] { ok(); });
-    setFirstSize(*this, 28);
+    setFirstSize(*this, 38);
 }
 
 QWidget* frmWP_Notizen::buildFields() {
-    constexpr int kCharacters = 32, kLines = 8;
-    txtSchüler->setReadOnly(true);
+    constexpr int kCharacters = 32, kLines = 8, kTimeCharacters = 14;
+    cmbUE->setMinimumContentsLength(kTimeCharacters);
     txtSchüler->setWantedCharacters(kCharacters);
     txtNotiz->setObjectName(u"txtNotiz"_s);
     txtNotiz->setTabChangesFocus(true);

@@ -59,45 +59,6 @@ QStringList spoolerOptions(const QPrinter& printer, const QString& title) {
     return options;
 }
 
-/// Hands the PDF itself to the spooler, so that text stays text on its way.
-QString spool(const QString& spooler, const QByteArray& pdf, const QString& title, const QPrinter& printer) {
-    constexpr int kLongest = 60'000;
-    QProcess process;
-    process.start(spooler, spoolerOptions(printer, title));
-    process.write(pdf);
-    process.closeWriteChannel();
-    if (!process.waitForFinished(kLongest))
-        return process.errorString();
-    if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
-        return {};
-    return QString::fromLocal8Bit(process.readAllStandardError()).trimmed();
-}
-
-/// Draws the sheets one by one, for systems whose printers take no PDF.
-QString drawSheets(const QByteArray& pdf, QPrinter& printer) {
-    // Finer than the eye sees, and a sheet still fits into memory.
-    constexpr int kFinest = 600;
-    QBuffer buffer;
-    buffer.setData(pdf);
-    buffer.open(QIODevice::ReadOnly);
-    QPdfDocument document;
-    document.load(&buffer);
-    const SheetRange range = rangeOf(printer, document.pageCount());
-    printer.setFullPage(true);
-    if (printer.resolution() > kFinest)
-        printer.setResolution(kFinest);
-    QPainter painter;
-    if (!painter.begin(&printer))
-        return u"Der Drucker %1 nimmt nichts an."_s.arg(printer.printerName());
-    const QRect sheet(QPoint(), printer.pageLayout().fullRectPixels(printer.resolution()).size());
-    for (int number = range.first; number <= range.last; ++number) {
-        if (number > range.first && !printer.newPage())
-            return u"Der Drucker %1 hat abgebrochen."_s.arg(printer.printerName());
-        painter.drawImage(sheet, document.render(number - 1, sheet.size()));
-    }
-    return painter.end() ? QString() : u"Der Drucker %1 hat abgebrochen."_s.arg(printer.printerName());
-}
-
 class ChosenPrinter final : public PrintJob {
 public:
     explicit ChosenPrinter(std::unique_ptr<QPrinter> printer) : m_printer(std::move(printer)) {}
@@ -145,11 +106,51 @@ std::unique_ptr<PrintJob> askForPrinter(QWidget* parent, PaperOrientation orient
     return std::make_unique<ChosenPrinter>(std::move(printer));
 }
 
+QString spoolPdf(const QString& spooler, const QByteArray& pdf, const QString& title,
+                 const QPrinter& printer) {
+    constexpr int kLongest = 60'000;
+    QProcess process;
+    process.start(spooler, spoolerOptions(printer, title));
+    process.write(pdf);
+    process.closeWriteChannel();
+    if (!process.waitForFinished(kLongest))
+        return process.errorString();
+    if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
+        return {};
+    return QString::fromLocal8Bit(process.readAllStandardError()).trimmed();
+}
+
+QString drawPdf(const QByteArray& pdf, QPrinter& printer) {
+    // Finer than the eye sees, and a sheet still fits into memory.
+    constexpr int kFinest = 600;
+    QBuffer buffer;
+    buffer.setData(pdf);
+    buffer.open(QIODevice::ReadOnly);
+    QPdfDocument document;
+    document.load(&buffer);
+    if (document.pageCount() == 0)
+        return u"Die Druckseiten können nicht gelesen werden."_s;
+    const SheetRange range = rangeOf(printer, document.pageCount());
+    printer.setFullPage(true);
+    if (printer.resolution() > kFinest)
+        printer.setResolution(kFinest);
+    QPainter painter;
+    if (!painter.begin(&printer))
+        return u"Der Drucker %1 nimmt nichts an."_s.arg(printer.printerName());
+    const QRect sheet(QPoint(), printer.pageLayout().fullRectPixels(printer.resolution()).size());
+    for (int number = range.first; number <= range.last; ++number) {
+        if (number > range.first && !printer.newPage())
+            return u"Der Drucker %1 hat abgebrochen."_s.arg(printer.printerName());
+        painter.drawImage(sheet, document.render(number - 1, sheet.size()));
+    }
+    return painter.end() ? QString() : u"Der Drucker %1 hat abgebrochen."_s.arg(printer.printerName());
+}
+
 QString printPdf(const QByteArray& pdf, const QString& title, QPrinter& printer) {
     if (printer.outputFormat() == QPrinter::PdfFormat)
         return writeFile(pdf, printer.outputFileName());
     const QString spooler = QStandardPaths::findExecutable(u"lp"_s);
-    return spooler.isEmpty() ? drawSheets(pdf, printer) : spool(spooler, pdf, title, printer);
+    return spooler.isEmpty() ? drawPdf(pdf, printer) : spoolPdf(spooler, pdf, title, printer);
 }
 
 } // namespace kolibri

@@ -36,6 +36,8 @@ private Q_SLOTS:
         QTest::newRow("three active pupils, plural")
             << QList<bool>{true, true, true}
             << u"In dieser Klasse sind noch 3 Schüler vorhanden. Sie müssen vorher diese Schüler löschen oder deren Klasse ändern!"_s;
+        // The number has always been that of all who hold the class, and the office compares it with its
+        // list.
         QTest::newRow("deactivated pupils behind an active one are counted")
             << QList<bool>{true, false}
             << u"In dieser Klasse sind noch 2 Schüler vorhanden. Sie müssen vorher diese Schüler löschen oder deren Klasse ändern!"_s;
@@ -68,6 +70,8 @@ private Q_SLOTS:
         QCOMPARE(columnOf(u"Stammdaten"_s, u"Klasse"_s), QStringList{u"3a"_s});
     }
 
+    /// The office clears a class by deactivating its pupils and relies on the warning as it has always been:
+    /// a class that begins with a deactivated pupil is taken for a cleared one, whoever follows.
     void onlyTheFirstPupilDecides() {
         useEmptyDatabase();
         addClass(u"3a"_s);

@@ -148,6 +148,78 @@ private Q_SLOTS:
         QCOMPARE(textOf(window, u"txtBaustein"_s), u"Lang"_s);
     }
 
+    /// Two packages may bear one name, for instance in two price lists; the pupils hold the name alone.
+    void aDoubledTextIsTaken() {
+        useEmptyDatabase();
+        auto& window = form(u"Neu"_s);
+        enter(window, u"Lang"_s);
+        enter(window, u"Lang"_s);
+        QCOMPARE(columnOf(u"Bausteine"_s, u"Bausteine"_s), QStringList({u"Lang"_s, u"Lang"_s}));
+    }
+
+    void aModuleThatAnotherWorkstationDeletedIsNotChosen() {
+        useEmptyDatabase();
+        addModule(0, u"Lang"_s);
+        addModule(1, u"Kurz"_s);
+        addPupil(u""_s);
+        auto& window = form(u"Korrektur"_s);
+        clickRow(list(window), 1);
+        {
+            const DbSession session(u"Test"_s);
+            Global().Conn.Delete(u"Bausteine"_s, u"ID = ?"_s, {1});
+        }
+        const auto before = wholeDatabase();
+        clickRow(list(window), 2);
+        QCOMPARE(textOf(window, u"txtBaustein"_s), QString());
+        doorsOfTest.expect(u"Bitte wählen Sie zuerst eine Zeile aus!"_s);
+        enter(window, u"Ferien"_s);
+        QCOMPARE(wholeDatabase(), before);
+    }
+
+    void enterSavesAndEscCloses() {
+        useEmptyDatabase();
+        auto& window = form(u"Neu"_s);
+        keys(*window.focusWidget(), u"Lang"_s);
+        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+        QCOMPARE(columnOf(u"Bausteine"_s, u"Bausteine"_s), QStringList{u"Lang"_s});
+        QStringList order;
+        for (int i = 0; i < 4; ++i) {
+            QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+            order << window.focusWidget()->objectName();
+        }
+        QCOMPARE(order, QStringList({u"cmdOK"_s, u"cmdBeenden"_s, u"lvwBausteine"_s, u"txtBaustein"_s}));
+        QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
+        QVERIFY(!window.isVisible());
+    }
+
+    void theSearchOfTheListKeepsEnterAndEscToItself() {
+        useEmptyDatabase();
+        addModule(0, u"Lang"_s);
+        addModule(1, u"Kurz"_s);
+        auto& window = form(u"Korrektur"_s);
+        list(window).startSearch(u"kurz"_s);
+        QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
+        QVERIFY(window.isVisible());
+        QCOMPARE(textOf(window, u"txtBaustein"_s), QString());
+        list(window).startSearch(u"kurz"_s);
+        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+        QCOMPARE(textOf(window, u"txtBaustein"_s), u"Kurz"_s);
+        QVERIFY(doorsOfTest.boxes().empty());
+    }
+
+    void aSearchThatIsLeftDoesNotMarkAnotherRowThanTheOneToBeDeleted() {
+        useEmptyDatabase();
+        addModule(0, u"Lang"_s);
+        addModule(1, u"Kurz"_s);
+        auto& window = form(u"Löschen"_s);
+        clickRow(list(window), 1);
+        list(window).startSearch(u"kurz"_s);
+        QCOMPARE(list(window).currentItem()->text(1), u"Kurz"_s);
+        control<QPushButton>(window, u"cmdOK"_s).setFocus();
+        QCOMPARE(list(window).selectedItems().value(0)->text(1), u"Lang"_s);
+        QCOMPARE(textOf(window, u"txtBaustein"_s), u"Lang"_s);
+    }
+
     void withoutAClickedRowNothingIsWritten_data() {
         QTest::addColumn<QString>("mode");
         QTest::newRow("Korrektur") << u"Korrektur"_s;

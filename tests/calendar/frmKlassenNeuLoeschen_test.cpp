@@ -70,6 +70,29 @@ private Q_SLOTS:
         QCOMPARE(textOf(window, u"txtKlasse"_s), u"2b"_s);
     }
 
+    void tabIntoTheListLeavesTheTypedNameAlone() {
+        useEmptyDatabase();
+        auto& window = form({u"1a"_s, u"2b"_s});
+        type(window, u"txtKlasse"_s, u"5c"_s);
+        QTest::keyClick(window.focusWidget(), Qt::Key_Backtab);
+        QVERIFY(list(window).hasFocus());
+        QCOMPARE(textOf(window, u"txtKlasse"_s), u"5c"_s);
+        QTest::keyClick(&list(window), Qt::Key_Down);
+        QCOMPARE(textOf(window, u"txtKlasse"_s), u"2b"_s);
+    }
+
+    void tabGoesFromTheNameToTheButtonsAndTheList() {
+        useEmptyDatabase();
+        auto& window = form({u"1a"_s});
+        QStringList order;
+        for (int i = 0; i < 5; ++i) {
+            QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+            order << window.focusWidget()->objectName();
+        }
+        QCOMPARE(order, QStringList({u"cmdNeu"_s, u"cmdLöschen"_s, u"cmdBeenden"_s, u"lstKlassen"_s,
+                                     u"txtKlasse"_s}));
+    }
+
     void fillingTheListDoesNotTouchTheBox() {
         useEmptyDatabase();
         auto& window = form({u"1a"_s});
@@ -85,6 +108,8 @@ private Q_SLOTS:
         type(window, u"txtKlasse"_s, u"3a"_s);
         doorsOfTest.expect(u"Die Klasse 3a wurde erstellt!"_s);
         press(window, u"cmdNeu"_s);
+        QCOMPARE(doorsOfTest.boxes().back().code, 0);
+        QCOMPARE(doorsOfTest.boxes().back().title, kProgramTitle);
         QCOMPARE(entries(window), QStringList({u"1a"_s, u"3a"_s}));
         QCOMPARE(list(window).currentItem()->text(), u"3a"_s);
         QCOMPARE(textOf(window, u"txtKlasse"_s), QString());
@@ -115,6 +140,18 @@ private Q_SLOTS:
         QCOMPARE(textOf(window, u"txtKlasse"_s), QString());
     }
 
+    /// The office also keeps groups that are no class of a grade, so no form of the name is asked for.
+    void anyTextBecomesAClass() {
+        useEmptyDatabase();
+        auto& window = form({});
+        type(window, u"txtKlasse"_s, u"Vorschule"_s);
+        doorsOfTest.expect(u"Die Klasse Vorschule wurde erstellt!"_s);
+        press(window, u"cmdNeu"_s);
+        QCOMPARE(columnOf(u"Klassen"_s, u"Klasse"_s), QStringList(5, u"Vorschule"_s));
+        QCOMPARE(columnOf(u"Klassen"_s, u"Schulstufe"_s), QStringList(5, u""_s));
+        QCOMPARE(columnOf(u"Klassen"_s, u"KlassenNR"_s), QStringList(5, u""_s));
+    }
+
     void anEmptyBoxMakesNoClass() {
         useEmptyDatabase();
         auto& window = form({});
@@ -142,6 +179,27 @@ private Q_SLOTS:
         press(window, u"cmdLöschen"_s);
         QCOMPARE(textOf(window, u"txtKlasse"_s), u"3a"_s);
         QCOMPARE(entries(window), QStringList{u"3a"_s});
+    }
+
+    void aClassWithOneDeactivatedPupilGoesAndThePupilKeepsItsName() {
+        useEmptyDatabase();
+        auto& window = form({u"3a"_s});
+        addRow(u"Stammdaten"_s, {{u"Klasse"_s, u"3a"_s}, {u"aktiv"_s, false}});
+        clickEntry(list(window), u"3a"_s);
+        doorsOfTest.expect(u"Klasse wirklich löschen?"_s, kAnswerYes);
+        press(window, u"cmdLöschen"_s);
+        QCOMPARE(entries(window), QStringList());
+        QCOMPARE(columnOf(u"Stammdaten"_s, u"Klasse"_s), QStringList{u"3a"_s});
+    }
+
+    void aClassThatIsNotThereIsToldAndTheBoxIsCleared() {
+        useEmptyDatabase();
+        auto& window = form({u"1a"_s});
+        type(window, u"txtKlasse"_s, u"9z"_s);
+        doorsOfTest.expect(u"Klasse 9z ist nicht vorhanden!"_s);
+        press(window, u"cmdLöschen"_s);
+        QCOMPARE(textOf(window, u"txtKlasse"_s), QString());
+        QCOMPARE(entries(window), QStringList{u"1a"_s});
     }
 
     void anApostropheIsOneBoxAndTheFormGoesOn() {

@@ -1,10 +1,6 @@
-#include "calendar/frmME_LZ_AG.h"
 #include "core/widgets/application.h"
-#include "core/widgets/forms.h"
-#include "support/driving.h"
-#include "support/test_base.h"
+#include "support/offering_form.h"
 
-#include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QToolButton>
@@ -16,80 +12,12 @@ using namespace kolibri::test;
 namespace {
 
 const QString kFill = u"Bitte die gekennzeichneten Felder füllen!"_s;
-const QString kQuestion = u"Wollen Sie die Daten wirklich löschen?"_s;
-const QString kUnit = u"13:00 - 13:45"_s;
-
-QString box(int i) {
-    return u"txtME_LZ_AG(%1)"_s.arg(i);
-}
-
-FieldValues row(const QString& kName, const QString& day) {
-    return {{u"K_Name"_s, kName},
-            {u"L_Name"_s, u"Lang "_s + kName},
-            {u"Tag"_s, day},
-            {u"Zeit_von"_s, u"13:00"_s},
-            {u"Zeit_bis"_s, u"13:45"_s},
-            {u"Zeit"_s, u"13:00 - 13:45"_s},
-            {u"Zeit_K_Name"_s, u"13:00 - 13:45 "_s + kName},
-            {u"UE_Zeit"_s, kUnit}};
-}
-
-FieldValues groupRow(const QString& kName, const QString& day) {
-    FieldValues values = row(kName, day);
-    values.push_back({u"Betreuer"_s, u"Frau Weiß"_s});
-    values.push_back({u"Ort"_s, u"Aula"_s});
-    return values;
-}
 
 } // namespace
 
-class FrmME_LZ_AGTest : public TestBase {
+/// What the form shows in its modes, and what clicks and keys do.
+class FrmME_LZ_AGTest : public OfferingFormTest {
     Q_OBJECT
-
-private:
-    /// An empty school with one teaching unit.
-    void useSchool() {
-        useEmptyDatabase();
-        addRow(u"Unterrichtseinheiten"_s, {{u"ID"_s, 0}, {u"Zeit"_s, kUnit}, {u"Sort_NR"_s, 1}});
-    }
-
-    static FormWindow& form(const QString& mode) {
-        auto& result = Form<frmME_LZ_AG>();
-        result.Tag = mode;
-        if (!shown(result))
-            qFatal("the form is not active");
-        return result;
-    }
-
-    static ListView& list(FormWindow& window) {
-        return *static_cast<ListView*>(&control<QTreeWidget>(window, u"lvwME_LZ_AG"_s));
-    }
-    static QListWidget& days(FormWindow& window) { return control<QListWidget>(window, u"lstME_LZ_AG"_s); }
-    static QComboBox& unit(FormWindow& window) { return control<QComboBox>(window, u"cmbUE"_s); }
-
-    static void fill(FormWindow& window, const QString& kName, const QStringList& dayCodes) {
-        type(window, box(0), kName);
-        type(window, box(1), u"Lang "_s + kName);
-        type(window, box(3), u"13:00"_s);
-        type(window, box(4), u"13:45"_s);
-        for (const auto& day : dayCodes)
-            clickEntry(days(window), day);
-    }
-
-    static QStringList boxes(FormWindow& window) {
-        QStringList texts;
-        for (int i = 0; i < kOfferingBoxes; ++i)
-            texts << textOf(window, box(i));
-        return texts;
-    }
-
-    static QStringList selectedDays(FormWindow& window) {
-        QStringList texts;
-        for (int i = 0; i < days(window).count(); ++i)
-            if (days(window).item(i)->isSelected())
-                texts << days(window).item(i)->text();
-        return texts;
-    }
 
 private Q_SLOTS:
     void eachModeHasItsStates_data() {
@@ -198,104 +126,6 @@ private Q_SLOTS:
         QCOMPARE(cellsOf(view, 0), before);
     }
 
-    void threeWeekdaysInMensaNeuGiveThreeRowsAndOneCapacityRow() {
-        useSchool();
-        auto& window = form(u"MensaNeu"_s);
-        fill(window, u"ME1"_s, {u"MO"_s, u"MI"_s, u"FR"_s});
-        unit(window).setCurrentIndex(1);
-        press(window);
-        QCOMPARE(columnOf(u"GR1"_s, u"Tag"_s), QStringList({u"MO"_s, u"MI"_s, u"FR"_s}));
-        QCOMPARE(columnOf(u"GR1"_s, u"Zeit_K_Name"_s), QStringList(3, u"13:00 - 13:45 ME1"_s));
-        QCOMPARE(columnOf(u"GR1"_s, u"UE_Zeit"_s), QStringList(3, kUnit));
-        QCOMPARE(columnOf(u"Parameter"_s, u"Feld1"_s), QStringList{u"ME"_s});
-        QCOMPARE(cellsOf(list(window), 3), QStringList({u"MO"_s, u"MI"_s, u"FR"_s}));
-        QCOMPARE(boxes(window), QStringList(7, QString()));
-        QCOMPARE(selectedDays(window), QStringList());
-        QVERIFY(control<QLineEdit>(window, box(0)).hasFocus());
-    }
-
-    void aLernzeitGoesToItsOwnTable() {
-        useSchool();
-        auto& window = form(u"LernzeitNeu"_s);
-        fill(window, u"LZ1"_s, {u"DI"_s});
-        press(window);
-        QCOMPARE(columnOf(u"GR2"_s, u"K_Name"_s), QStringList{u"LZ1"_s});
-        QCOMPARE(columnOf(u"GR2"_s, u"UE_Zeit"_s), QStringList{u""_s});
-        QCOMPARE(columnOf(u"Parameter"_s, u"Feld1"_s), QStringList{u"LZ"_s});
-        QCOMPARE(rowsOf(u"GR1"_s), QStringList());
-    }
-
-    void threeWeekdaysInArbeitsgruppeNeuGiveFifteenRowsWithEqualIds() {
-        useSchool();
-        auto& window = form(u"ArbeitsgruppeNeu"_s);
-        fill(window, u"CHOR"_s, {u"MO"_s, u"DI"_s, u"MI"_s});
-        type(window, box(5), u"Frau Weiß"_s);
-        type(window, box(6), u"Aula"_s);
-        press(window);
-        for (const auto& table : tablesOf(OfferingKind::Arbeitsgruppe)) {
-            QCOMPARE(columnOf(table, u"ID"_s), QStringList({u"1"_s, u"2"_s, u"3"_s}));
-            QCOMPARE(columnOf(table, u"Tag"_s), QStringList({u"MO"_s, u"DI"_s, u"MI"_s}));
-            QCOMPARE(columnOf(table, u"Betreuer"_s), QStringList(3, u"Frau Weiß"_s));
-            QCOMPARE(columnOf(table, u"Ort"_s), QStringList(3, u"Aula"_s));
-        }
-        QCOMPARE(rowsOf(u"Parameter"_s), QStringList());
-        QCOMPARE(list(window).rowCount(), 3);
-        QCOMPARE(list(window).cell(1, 7), u"Frau Weiß"_s);
-    }
-
-    void emptyBoxesAreColouredAndTold() {
-        useSchool();
-        auto& window = form(u"MensaNeu"_s);
-        type(window, box(0), u"ME1"_s);
-        doorsOfTest.expect(kFill);
-        press(window);
-        QCOMPARE(doorsOfTest.boxes().back().title, u"Überprüfung Eingabe"_s);
-        QCOMPARE(doorsOfTest.boxes().back().code, 0);
-        QVERIFY(!isFaulty(window, box(0)));
-        for (const int i : {1, 3, 4})
-            QVERIFY(isFaulty(window, box(i)));
-        QCOMPARE(textOf(window, box(0)), u"ME1"_s);
-        QCOMPARE(rowsOf(u"GR1"_s), QStringList());
-    }
-
-    void theBadBoxesAreColouredBeforeTheMessageShows() {
-        useSchool();
-        auto& window = form(u"MensaNeu"_s);
-        fill(window, u"ME1"_s, {});
-        type(window, box(4), u"7:30"_s);
-        doorsOfTest.expect(u"Es wurde kein Tag ausgewählt. Korrigieren Sie Ihre Eingabe"_s);
-        press(window);
-        QVERIFY(isFaulty(window, box(4)));
-        QVERIFY(!isFaulty(window, box(3)));
-    }
-
-    void aShortNameOfSixIsRefusedWithoutAMessage() {
-        useSchool();
-        auto& window = form(u"MensaNeu"_s);
-        fill(window, u"MENSA1"_s, {u"MO"_s});
-        press(window);
-        QVERIFY(isFaulty(window, box(0)));
-        QVERIFY(!control<QWidget>(window, box(0)).toolTip().isEmpty());
-        QCOMPARE(rowsOf(u"GR1"_s), QStringList());
-        type(window, box(0), u"MENSA"_s);
-        press(window);
-        QVERIFY(!isFaulty(window, box(0)));
-        QCOMPARE(rowsOf(u"GR1"_s).size(), 1);
-    }
-
-    void theSameNamesDaysAndTimesAreRefused() {
-        useSchool();
-        auto& window = form(u"MensaNeu"_s);
-        fill(window, u"ME1"_s, {u"MO"_s, u"DI"_s});
-        press(window);
-        fill(window, u"ME1"_s, {u"DI"_s, u"MI"_s});
-        doorsOfTest.expect(
-            u"Eintrag für folgende Tage * DI +  * bereits vorhanden. Überprüfen Sie Ihre Eingabe"_s);
-        press(window);
-        QCOMPARE(columnOf(u"GR1"_s, u"Tag"_s), QStringList({u"MO"_s, u"DI"_s}));
-        QCOMPARE(selectedDays(window), QStringList({u"DI"_s, u"MI"_s}));
-    }
-
     void aClickFillsTheBoxesAndTheUnit() {
         useSchool();
         addRow(u"GR3"_s, groupRow(u"CHOR"_s, u"MO"_s));
@@ -304,6 +134,33 @@ private Q_SLOTS:
         QCOMPARE(boxes(window), QStringList({u"CHOR"_s, u"Lang CHOR"_s, u"MO"_s, u"13:00"_s, u"13:45"_s,
                                              u"Frau Weiß"_s, u"Aula"_s}));
         QCOMPARE(unit(window).currentText(), kUnit);
+    }
+
+    void inNeuAClickFillsTheBoxesAsAPatternForTheNewOffering() {
+        useSchool();
+        addRow(u"GR1"_s, row(u"ME1"_s, u"MO"_s));
+        auto& window = form(u"MensaNeu"_s);
+        clickEntry(days(window), u"FR"_s);
+        clickRow(list(window), 1);
+        QCOMPARE(boxes(window).first(5),
+                 QStringList({u"ME1"_s, u"Lang ME1"_s, u"MO"_s, u"13:00"_s, u"13:45"_s}));
+        QCOMPARE(selectedDays(window), QStringList());
+        clickEntry(days(window), u"DI"_s);
+        press(window);
+        QCOMPARE(columnOf(u"GR1"_s, u"Tag"_s), QStringList({u"MO"_s, u"DI"_s}));
+    }
+
+    void enterSavesAndEscClosesWithoutSaving() {
+        useSchool();
+        auto& window = form(u"MensaNeu"_s);
+        fill(window, u"ME1"_s, {u"MO"_s});
+        control<QLineEdit>(window, box(4)).setFocus();
+        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+        QCOMPARE(columnOf(u"GR1"_s, u"K_Name"_s), QStringList{u"ME1"_s});
+        fill(window, u"ME2"_s, {u"MO"_s});
+        QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
+        QVERIFY(!window.isVisible());
+        QCOMPARE(columnOf(u"GR1"_s, u"K_Name"_s), QStringList{u"ME1"_s});
     }
 
     void aUnitThatIsGoneOrUnsetShowsTheEmptyEntry() {
@@ -341,93 +198,6 @@ private Q_SLOTS:
         QVERIFY(isFaulty(window, box(3)));
         clickRow(list(window), 1);
         QVERIFY(!isFaulty(window, box(3)));
-    }
-
-    void deletingWithoutAClickedRowAsksForTheBoxes() {
-        useSchool();
-        addRow(u"GR1"_s, row(u"ME1"_s, u"MO"_s));
-        auto& window = form(u"MensaLöschen"_s);
-        doorsOfTest.expect(kFill);
-        press(window);
-        QCOMPARE(rowsOf(u"GR1"_s).size(), 1);
-    }
-
-    void deletingAsksFirstAndNoEndsIt() {
-        useSchool();
-        addRow(u"GR1"_s, row(u"ME1"_s, u"MO"_s));
-        const auto before = wholeDatabase();
-        auto& window = form(u"MensaLöschen"_s);
-        clickRow(list(window), 1);
-        doorsOfTest.expect(kQuestion, kAnswerNo);
-        press(window);
-        QCOMPARE(doorsOfTest.boxes().back().code, 36);
-        QCOMPARE(doorsOfTest.boxes().back().title, u"vorhandene Zeiten löschen"_s);
-        QCOMPARE(wholeDatabase(), before);
-        QCOMPARE(textOf(window, box(0)), u"ME1"_s);
-    }
-
-    void weekendDaysPassTheCheckOfAWorkingGroup() {
-        useSchool();
-        addRow(u"GR3"_s, groupRow(u"CHOR"_s, u"MO"_s));
-        auto& window = form(u"ArbeitsgruppeKorrektur"_s);
-        clickRow(list(window), 1);
-        type(window, box(2), u"XX"_s);
-        press(window);
-        QVERIFY(isFaulty(window, box(2)));
-        type(window, box(2), u"SA"_s);
-        press(window);
-        QVERIFY(!isFaulty(window, box(2)));
-        QCOMPARE(columnOf(u"GR3"_s, u"Tag"_s), QStringList{u"SA"_s});
-    }
-
-    void aBadTimeInACorrectionStaysColoured() {
-        useSchool();
-        addRow(u"GR1"_s, row(u"ME1"_s, u"MO"_s));
-        auto& window = form(u"MensaKorrektur"_s);
-        clickRow(list(window), 1);
-        type(window, box(3), u"24:30"_s);
-        press(window);
-        QVERIFY(isFaulty(window, box(3)));
-    }
-
-    void aCorrectionOfTheUnitAlonePassesTheCheck() {
-        useSchool();
-        addRow(u"GR1"_s, row(u"ME1"_s, u"MO"_s));
-        auto& window = form(u"MensaKorrektur"_s);
-        clickRow(list(window), 1);
-        unit(window).setCurrentIndex(0);
-        press(window);
-        QCOMPARE(columnOf(u"GR1"_s, u"UE_Zeit"_s), QStringList{u""_s});
-        QCOMPARE(cellsOf(list(window), 7), QStringList{u""_s});
-    }
-
-    void afterACorrectionTheListIsNewAndTheBoxesAreEmpty() {
-        useSchool();
-        addRow(u"GR1"_s, row(u"ME1"_s, u"MO"_s));
-        auto& window = form(u"MensaKorrektur"_s);
-        clickRow(list(window), 1);
-        type(window, box(3), u"13:05"_s);
-        press(window);
-        QCOMPARE(cellsOf(list(window), 6), QStringList{u"13:05 - 13:45"_s});
-        QCOMPARE(boxes(window), QStringList(7, QString()));
-        QVERIFY(window.isVisible());
-        // The next one needs a new click.
-        doorsOfTest.expect(kFill);
-        press(window);
-        QCOMPARE(columnOf(u"GR1"_s, u"Zeit"_s), QStringList{u"13:05 - 13:45"_s});
-    }
-
-    void deletingWithYesTakesTheRowAway() {
-        useSchool();
-        addRow(u"GR1"_s, row(u"ME1"_s, u"MO"_s));
-        addRow(u"GR1"_s, row(u"ME2"_s, u"MO"_s));
-        auto& window = form(u"MensaLöschen"_s);
-        clickRow(list(window), 1);
-        doorsOfTest.expect(kQuestion, kAnswerYes);
-        press(window);
-        QCOMPARE(columnOf(u"GR1"_s, u"K_Name"_s), QStringList{u"ME2"_s});
-        QCOMPARE(cellsOf(list(window), 1), QStringList{u"ME2"_s});
-        QCOMPARE(boxes(window), QStringList(7, QString()));
     }
 
     void textBoxesSelectTheirWholeTextOnReceivingTheFocus() {

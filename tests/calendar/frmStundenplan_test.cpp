@@ -126,6 +126,7 @@ private Q_SLOTS:
         QCOMPARE(textOf(window, u"txtDI(1)"_s), QString());
     }
 
+    /// The old rows are the office's only copy of what stood there, so nothing throws them away.
     void aRowOfACorrectedUnitIsShownNoLongerAndStays() {
         useSchool(1);
         addLine(u"1a"_s, u"07:00 - 07:45"_s, u"Deutsch"_s);
@@ -183,6 +184,46 @@ private Q_SLOTS:
         QCOMPARE(textOf(window, u"txtMO(1)"_s), u"AG's"_s);
     }
 
+    void aLongTextIsReadFromItsBeginning() {
+        useSchool(1);
+        addLine(u"1a"_s, u"07:00 - 07:45"_s, u"Heimat- und Sachunterricht bei Frau Weiß in der Lehrküche"_s);
+        QCOMPARE(control<QLineEdit>(form(), u"txtMO(1)"_s).cursorPosition(), 0);
+    }
+
+    void twoUnitsWithOneTimeShareOneRowAndTheLowerLineStays() {
+        useEmptyDatabase();
+        addRow(u"Klassen"_s, {{u"Klasse"_s, u"1a"_s}, {u"Tag"_s, u"MO"_s}});
+        for (int i = 0; i < 2; ++i)
+            addRow(u"Unterrichtseinheiten"_s,
+                   {{u"ID"_s, i}, {u"Zeit"_s, u"07:00 - 07:45"_s}, {u"Sort_NR"_s, 2}});
+        auto& window = form();
+        type(window, u"txtMO(1)"_s, u"Deutsch"_s);
+        type(window, u"txtMO(2)"_s, u"Kunst"_s);
+        press(window);
+        QCOMPARE(columnOf(u"Stundenplan"_s, u"MO"_s), QStringList{u"Kunst"_s});
+    }
+
+    void afterSavingArrowDownLeadsToTheNextClass() {
+        useSchool(1);
+        auto& window = form();
+        type(window, u"txtMO(1)"_s, u"Deutsch"_s);
+        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+        auto& classes = control<QComboBox>(window, u"cmbKlasse"_s);
+        QVERIFY(classes.hasFocus());
+        QTest::keyClick(&classes, Qt::Key_Down);
+        QCOMPARE(classes.currentText(), u"2b"_s);
+        QCOMPARE(textOf(window, u"txtMO(1)"_s), QString());
+    }
+
+    void escClosesWithoutSaving() {
+        useSchool(1);
+        auto& window = form();
+        type(window, u"txtMO(1)"_s, u"Deutsch"_s);
+        QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
+        QVERIFY(!window.isVisible());
+        QCOMPARE(rowsOf(u"Stundenplan"_s), QStringList());
+    }
+
     void abbrechenClosesWithoutSaving() {
         useSchool(1);
         auto& window = form();
@@ -195,15 +236,14 @@ private Q_SLOTS:
     void enterSavesAndTabGoesLineByLine() {
         useSchool(2);
         auto& window = form();
-        auto& first = control<QLineEdit>(window, u"txtMO(1)"_s);
-        first.setFocus();
+        QVERIFY(control<QComboBox>(window, u"cmbKlasse"_s).hasFocus());
         QStringList order;
-        for (int i = 0; i < 6; ++i) {
+        for (int i = 0; i < 7; ++i) {
             QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
             order << window.focusWidget()->objectName();
         }
-        QCOMPARE(order, QStringList({u"txtDI(1)"_s, u"txtMI(1)"_s, u"txtDO(1)"_s, u"txtFR(1)"_s,
-                                     u"txtMO(2)"_s, u"txtDI(2)"_s}));
+        QCOMPARE(order, QStringList({u"txtMO(1)"_s, u"txtDI(1)"_s, u"txtMI(1)"_s, u"txtDO(1)"_s,
+                                     u"txtFR(1)"_s, u"txtMO(2)"_s, u"txtDI(2)"_s}));
         QTest::keyClick(window.focusWidget(), Qt::Key_Return);
         QCOMPARE(rowsOf(u"Stundenplan"_s).size(), 2);
     }

@@ -203,6 +203,71 @@ private Q_SLOTS:
                                                                  u"ID=1; Zeit=08:50 - 09:35; Sort_NR=1"_s}));
     }
 
+    /// The office lays two courses into one period now and then, and both are columns of the Tagesplan.
+    void twoUnitsWithOneTimeCanExist() {
+        useEmptyDatabase();
+        auto& window = form(kNeu);
+        enter(window, u"08:00"_s, u"08:45"_s);
+        enter(window, u"08:00"_s, u"08:45"_s);
+        QCOMPARE(rowsOf(u"Unterrichtseinheiten"_s), QStringList({u"ID=0; Zeit=08:00 - 08:45; Sort_NR=2"_s,
+                                                                 u"ID=1; Zeit=08:00 - 08:45; Sort_NR=2"_s}));
+    }
+
+    /// The two times are not compared, as in no editor of times.
+    void aUnitThatEndsBeforeItBeginsIsTaken() {
+        useEmptyDatabase();
+        auto& window = form(kNeu);
+        enter(window, u"14:00"_s, u"13:00"_s);
+        QCOMPARE(columnOf(u"Unterrichtseinheiten"_s, u"Zeit"_s), QStringList{u"14:00 - 13:00"_s});
+    }
+
+    void aUnitThatAnotherWorkstationDeletedIsNotChosen() {
+        useEmptyDatabase();
+        addUnit(0, u"08:00 - 08:45"_s, 1);
+        addUnit(1, u"08:50 - 09:35"_s, 2);
+        addRow(u"GR1"_s, {{u"L_Name"_s, u"ohne Einheit"_s}, {u"UE_Zeit"_s, u""_s}});
+        auto& window = form(kKorrektur);
+        clickRow(list(window), 1);
+        {
+            const DbSession session(u"Test"_s);
+            Global().Conn.Delete(u"Unterrichtseinheiten"_s, u"ID = ?"_s, {1});
+        }
+        const auto before = wholeDatabase();
+        clickRow(list(window), 2);
+        QCOMPARE(textOf(window, u"txtZeitVon"_s), QString());
+        doorsOfTest.expect(u"Bitte wählen Sie zuerst eine Zeile aus!"_s);
+        enter(window, u"09:00"_s, u"09:45"_s);
+        QCOMPARE(wholeDatabase(), before);
+    }
+
+    void aFailureWhileNumberingLeavesTheUnitsAsTheyWere() {
+        useEmptyDatabase();
+        addUnit(0, u"08:00 - 08:45"_s, 1);
+        {
+            const DbSession session(u"Test"_s);
+            Global().Conn.Execute(u"CREATE TRIGGER keine_Nummer BEFORE UPDATE OF Sort_NR ON "
+                                  "Unterrichtseinheiten BEGIN SELECT RAISE(ABORT, 'voll'); END"_s);
+        }
+        const auto before = wholeDatabase();
+        auto& window = form(kNeu);
+        doorsOfTest.expectBeginning(u"Unterrichtseinheit speichern"_s);
+        enter(window, u"09:00"_s, u"09:45"_s);
+        QCOMPARE(wholeDatabase(), before);
+        QCOMPARE(textOf(window, u"txtZeitVon"_s), u"09:00"_s);
+    }
+
+    void afterADeletionTheRestIsNumberedFrom1() {
+        useEmptyDatabase();
+        for (int i = 0; i < 3; ++i)
+            addUnit(i, u"0%1:00 - 0%1:45"_s.arg(i + 7), i + 1);
+        auto& window = form(kLöschen);
+        clickRow(list(window), 2);
+        doorsOfTest.expect(kQuestion, kAnswerYes);
+        press(window);
+        QCOMPARE(columnOf(u"Unterrichtseinheiten"_s, u"ID"_s), QStringList({u"0"_s, u"2"_s}));
+        QCOMPARE(columnOf(u"Unterrichtseinheiten"_s, u"Sort_NR"_s), QStringList({u"1"_s, u"2"_s}));
+    }
+
     void aDeletedUnitLeavesOfferingsWithAnEmptyUnit() {
         useEmptyDatabase();
         addUnit(0, u"08:00 - 08:45"_s, 1);
@@ -289,6 +354,8 @@ private Q_SLOTS:
             order << window.focusWidget()->objectName();
         }
         QCOMPARE(order, QStringList({u"txtZeitBis"_s, u"cmdOK"_s, u"cmdBeenden"_s, u"lvwUE"_s}));
+        QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
+        QVERIFY(!window.isVisible());
     }
 };
 

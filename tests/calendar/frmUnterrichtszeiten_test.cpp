@@ -125,6 +125,66 @@ private Q_SLOTS:
         QCOMPARE(list(window).cell(1, 3), QString());
     }
 
+    /// "00:00" is how a time that is not set has always been stored, so midnight is none.
+    void midnightIsNoTeachingTime() {
+        auto& window = form();
+        clickRow(list(window), 1);
+        type(window, u"txtUnterrichtsbeginn"_s, u"00:00"_s);
+        press(window);
+        QCOMPARE(columnOf(u"Klassen"_s, u"Unterrichtsbeginn"_s).first(), u"00:00"_s);
+        QCOMPARE(list(window).cell(1, 3), QString());
+        clickRow(list(window), 1);
+        QCOMPARE(textOf(window, u"txtUnterrichtsbeginn"_s), QString());
+    }
+
+    void theEndOfTheDayIsATimeAndComesBackAsItWasEntered() {
+        auto& window = form();
+        clickRow(list(window), 1);
+        type(window, u"txtUnterrichtsendeNM"_s, u"24:00"_s);
+        press(window);
+        QCOMPARE(list(window).cell(1, 6), u"24:00"_s);
+    }
+
+    void enterSavesAndEscClosesWithoutSaving() {
+        auto& window = form();
+        clickRow(list(window), 1);
+        type(window, u"txtUnterrichtsende"_s, u"13:00"_s);
+        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+        QCOMPARE(list(window).cell(1, 4), u"13:00"_s);
+        clickRow(list(window), 1);
+        type(window, u"txtUnterrichtsende"_s, u"14:00"_s);
+        QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
+        QVERIFY(!window.isVisible());
+        QCOMPARE(columnOf(u"Klassen"_s, u"Unterrichtsende"_s).first(), u"13:00"_s);
+    }
+
+    void tabGoesFromTheListThroughTheTimesToTheButtons() {
+        auto& window = form();
+        QVERIFY(list(window).hasFocus());
+        QStringList order;
+        for (int i = 0; i < 7; ++i) {
+            QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+            order << window.focusWidget()->objectName();
+        }
+        QCOMPARE(order, kTimeBoxes + QStringList({u"cmdOK"_s, u"cmdBeenden"_s, u"lvwKlasse"_s}));
+    }
+
+    void aDayThatAnotherWorkstationDeletedLeavesTheBoxesEmpty() {
+        auto& window = form();
+        {
+            const DbSession session(u"Test"_s);
+            Global().Conn.Delete(u"Klassen"_s, u"ID = ?"_s, {2});
+        }
+        const auto before = wholeDatabase();
+        clickRow(list(window), 1);
+        clickRow(list(window), 2);
+        QCOMPARE(textOf(window, u"txtKlasse"_s), QString());
+        QCOMPARE(textOf(window, u"txtUnterrichtsende"_s), QString());
+        press(window);
+        QCOMPARE(wholeDatabase(), before);
+        QCOMPARE(list(window).rowCount(), 3);
+    }
+
     void arrowDownLeadsToTheNextDayAfterSaving() {
         auto& window = form();
         clickRow(list(window), 1);
@@ -166,6 +226,7 @@ private Q_SLOTS:
             QCOMPARE(groundOf(window, box), QColor(Qt::white));
     }
 
+    /// Which of the times are needed depends on the class's care, so the office answers for their order.
     void noOrderOfTheTimesIsAskedFor() {
         auto& window = form();
         clickRow(list(window), 1);

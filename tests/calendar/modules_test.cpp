@@ -73,6 +73,24 @@ private Q_SLOTS:
         QCOMPARE(columnOf(u"Stammdaten"_s, u"Baustein"_s), QStringList({u""_s, u""_s, u"Kurz"_s}));
     }
 
+    void aModuleWithoutATextIsNotThatOfPupilsWithoutAModule() {
+        useEmptyDatabase();
+        addRow(u"Bausteine"_s, {{u"ID"_s, 0}});
+        addPupil(u""_s, true);
+        const DbSession session(u"Test"_s);
+        Bausteine_Daten_Korrektur(0, u"Lang"_s, *Baustein_Text(0));
+        QCOMPARE(columnOf(u"Bausteine"_s, u"Bausteine"_s), QStringList{u"Lang"_s});
+        QCOMPARE(columnOf(u"Stammdaten"_s, u"Baustein"_s), QStringList{u""_s});
+    }
+
+    void aModuleThatIsGoneHasNoText() {
+        useEmptyDatabase();
+        const DbSession session(u"Test"_s);
+        QCOMPARE(Baustein_Text(4), std::nullopt);
+    }
+
+    /// The office has always had to write such names without it; files of the office rely on none being
+    /// there.
     void anApostropheBreaksTheStatement() {
         useEmptyDatabase();
         newModule(u"Lang"_s);

@@ -112,6 +112,7 @@ private Q_SLOTS:
         }
     }
 
+    /// The office has entered care over midnight on trips, and no editor has ever compared the two.
     void theEndIsNotComparedWithTheStart() {
         useEmptyDatabase();
         Offering offering = mensa();
@@ -139,6 +140,7 @@ private Q_SLOTS:
         QVERIFY_THROWS_EXCEPTION(StoreError, Eingaben_ME_LZ_AG_überprüfen(kMensaNeu, offering));
     }
 
+    /// The office knows the message in just this form, with the plus behind the last day and two blanks.
     void doubledDaysAreToldWithTheirTrailingPlus() {
         useEmptyDatabase();
         addOffering(u"GR1"_s, u"MO"_s);
@@ -222,6 +224,7 @@ private Q_SLOTS:
         QCOMPARE(check.meldungen, QStringList());
     }
 
+    /// The row that is found is the corrected one itself where only its teaching unit or supervisor changes.
     void aCorrectionThatKeepsTheTimeOfAnExistingRowPasses() {
         useEmptyDatabase();
         addOffering(u"GR1"_s, u"MO"_s);

@@ -91,6 +91,16 @@ private Q_SLOTS:
         QCOMPARE(wholeDatabase(), expected);
     }
 
+    void theKeyOfTheFirstRowInTheListIsTold() {
+        useEmptyDatabase();
+        addRow(u"GR2"_s, {{u"ID"_s, 6}});
+        addRow(u"GR3"_s, {{u"ID"_s, 11}});
+        const DbSession session(u"Test"_s);
+        QCOMPARE(ME_LZ_AG_Daten_NEU(OfferingKind::Lernzeit, offering({u"MO"_s, u"DI"_s})), 7);
+        QCOMPARE(ME_LZ_AG_Daten_NEU(OfferingKind::Arbeitsgruppe, offering({u"MO"_s, u"DI"_s})), 12);
+        QCOMPARE(ME_LZ_AG_Daten_NEU(OfferingKind::Mensa, offering({})), 0);
+    }
+
     void idsAreEqualAlsoWhereTheFirstTableCountsAheadOfTheOthers() {
         useEmptyDatabase();
         {
@@ -104,7 +114,8 @@ private Q_SLOTS:
     }
 
     /// The key is read back by long name and day, so it is the first row's; a table that numbers by itself
-    /// does not take it twice, the two others do.
+    /// does not take it twice, the two others do. Files of the office hold such keys, and what corrects and
+    /// deletes groups counts on them.
     void aSecondTimeOfAGroupOnOneDayGetsTheKeyOfTheFirstWhereItCan() {
         useEmptyDatabase();
         {

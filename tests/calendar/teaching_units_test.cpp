@@ -52,6 +52,7 @@ private Q_SLOTS:
                                                                  u"ID=2; Zeit=08:50 - 09:35; Sort_NR=2"_s}));
     }
 
+    /// The number is written by the time, which is all that the Tagesplan knows of a unit.
     void twoUnitsWithOneTimeBothGetTheHigherNumber() {
         useEmptyDatabase();
         newUnit(u"08:00 - 08:45"_s);
@@ -60,6 +61,8 @@ private Q_SLOTS:
         QCOMPARE(columnOf(u"Unterrichtseinheiten"_s, u"Sort_NR"_s), QStringList({u"2"_s, u"2"_s, u"3"_s}));
     }
 
+    /// Timetable and notes of the Tagesplan keep the old time: they are the office's record of how the day
+    /// was.
     void aCorrectedTimeMovesTheOfferingsOfAllSevenTables() {
         useEmptyDatabase();
         newUnit(u"08:00 - 08:45"_s);
@@ -96,7 +99,17 @@ private Q_SLOTS:
     void aUnitThatIsGoneHasNoTime() {
         useEmptyDatabase();
         const DbSession session(u"Test"_s);
-        QCOMPARE(Unterrichtseinheit_Zeit(4), QString());
+        QCOMPARE(Unterrichtseinheit_Zeit(4), std::nullopt);
+    }
+
+    void aUnitWithoutATimeIsNotThatOfOfferingsWithoutAUnit() {
+        useEmptyDatabase();
+        addRow(u"Unterrichtseinheiten"_s, {{u"ID"_s, 0}});
+        addRow(u"GR1"_s, {{u"L_Name"_s, u"ohne"_s}, {u"UE_Zeit"_s, u""_s}});
+        const DbSession session(u"Test"_s);
+        Unterrichtseinheiten_Daten_Korrektur(0, u"08:00 - 08:45"_s, *Unterrichtseinheit_Zeit(0));
+        QCOMPARE(columnOf(u"Unterrichtseinheiten"_s, u"Zeit"_s), QStringList{u"08:00 - 08:45"_s});
+        QCOMPARE(columnOf(u"GR1"_s, u"UE_Zeit"_s), QStringList{u""_s});
     }
 };
 

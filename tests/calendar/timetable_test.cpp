@@ -81,7 +81,9 @@ private Q_SLOTS:
             addRow(u"Unterrichtseinheiten"_s,
                    {{u"ID"_s, i}, {u"Zeit"_s, u"Einheit %1"_s.arg(i)}, {u"Sort_NR"_s, i}});
         const DbSession session(u"Test"_s);
-        const QStringList units = UE_feststellen();
+        const TimetableUnits found = UE_feststellen();
+        QCOMPARE(found.fehler, TimetableError::None);
+        const QStringList& units = found.zeiten;
         QCOMPARE(units.size(), 12);
         QCOMPARE(units.first(), u"Einheit 1"_s);
         QCOMPARE(units.last(), u"Einheit 12"_s);

@@ -1,19 +1,13 @@
-#include "core/contact_categories.h"
-#include "core/frmEinstellungen.h"
 #include "core/frmStart.h"
 #include "core/frmStart_run.h"
 #include "core/office_settings.h"
 #include "core/settings_file.h"
 #include "core/startup.h"
 #include "core/widgets/application.h"
-#include "core/widgets/forms.h"
 #include "maintenance/new_database.h"
-#include "support/driving.h"
 #include "support/fixtures.h"
-#include "support/test_base.h"
+#include "support/settings_form.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QDir>
 #include <QGroupBox>
 #include <QPushButton>
@@ -27,81 +21,12 @@ namespace {
 
 const QString kDone = u"Zur Übernahme der Daten bitte das Programm neu starten!"_s;
 const QString kSettings = u"Einstellungen"_s;
-const QString kReallyDelete = u"Kategorie wirklich löschen?"_s;
-
-QString at(const char* name, int index) {
-    return u"%1(%2)"_s.arg(QString::fromUtf8(name)).arg(index);
-}
-
-QStringList entriesOf(const QComboBox& box) {
-    QStringList entries;
-    for (int i = 0; i < box.count(); ++i)
-        entries << box.itemText(i);
-    return entries;
-}
 
 } // namespace
 
-class FrmEinstellungenTest : public TestBase {
+/// The settings dialog: what it shows, what it writes and when, and how it is reached.
+class FrmEinstellungenTest : public SettingsFormTest {
     Q_OBJECT
-
-private:
-    static FormWindow& form() {
-        auto& result = Form<frmEinstellungen>();
-        if (!shown(result))
-            qFatal("the form is not active");
-        return result;
-    }
-
-    static QString chosen(const FormWindow& window, const QString& name) {
-        return control<QComboBox>(window, name).currentText();
-    }
-    static void choose(const FormWindow& window, const QString& name, const QString& entry) {
-        auto& box = control<QComboBox>(window, name);
-        const int index = box.findText(entry);
-        if (index < 0)
-            qFatal("no entry %s", qPrintable(entry));
-        box.setCurrentIndex(index);
-    }
-    static bool checked(const FormWindow& window, const QString& name) {
-        return control<QCheckBox>(window, name).isChecked();
-    }
-    static void tick(const FormWindow& window, const QString& name) {
-        control<QCheckBox>(window, name).click();
-    }
-    static QListWidget& list(const FormWindow& window) {
-        return control<QListWidget>(window, u"lstKategorienBearbeiten"_s);
-    }
-    static QStringList listed(const FormWindow& window) {
-        QStringList names;
-        for (int i = 0; i < list(window).count(); ++i)
-            names << list(window).item(i)->text();
-        return names;
-    }
-
-    void setRow(const QString& key, const FieldValues& values) {
-        const DbSession session(u"Testdaten"_s);
-        QCOMPARE(Global().Conn.Change(kSettings, values, u"Feld = ?"_s, {key}), 1);
-    }
-    static QString rowText(const QString& key) { return tableRowsWhere(u"Feld = ?"_s, {key}).join(u'\n'); }
-    static QStringList tableRowsWhere(const QString& condition, const QVariantList& values) {
-        const DbSession session(u"Vergleich"_s);
-        QStringList rows;
-        for (Recordset rs = Global().Conn.Open(u"SELECT * FROM Einstellungen WHERE "_s + condition, values);
-             !rs.Eof(); rs.MoveNext()) {
-            QStringList cells;
-            for (int i = 0; i < rs.FieldCount(); ++i)
-                if (!rs.Value(i).isNull())
-                    cells << rs.Text(i);
-            rows << cells.join(u' ');
-        }
-        return rows;
-    }
-
-    void save(FormWindow& window) {
-        doorsOfTest.expect(kDone);
-        press(window);
-    }
 
 private Q_SLOTS:
     void allGroupsStandWithTheirCaptions() {
@@ -384,129 +309,6 @@ private Q_SLOTS:
         tick(form(), at("chkKursiv", 1));
         save(form());
         QCOMPARE(rowText(u"TabelleZeile"_s), u"TabelleZeile 30 Falsch Wahr"_s);
-    }
-
-    void aClickCopiesTheCategory() {
-        useEmptyDatabase();
-        clickEntry(list(form()), u"Telefon"_s);
-        QCOMPARE(textOf(form(), u"txtKategorie"_s), u"Telefon"_s);
-    }
-
-    void aNewCategoryIsAddedAndOffered() {
-        useEmptyDatabase();
-        auto& window = form();
-        type(window, u"txtKategorie"_s, u"Hort"_s);
-        press(window, u"cmdKategorieNeu"_s);
-        QCOMPARE(rowsOf(u"KategorieKontakte"_s).last(), u"ID=5; Name=Hort"_s);
-        QCOMPARE(listed(window).last(), u"Hort"_s);
-        QCOMPARE(textOf(window, u"txtKategorie"_s), QString());
-        QCOMPARE(entriesOf(control<QComboBox>(window, at("cmbKategorie", 9))).last(), u"Hort"_s);
-        QCOMPARE(chosen(window, at("cmbKategorie", 9)), u"Sonstiges"_s);
-    }
-
-    void anEmptyOrKnownCategoryIsRefused() {
-        useEmptyDatabase();
-        const auto before = wholeDatabase();
-        auto& window = form();
-        choose(window, at("cmbKategorie", 0), u"Sonstiges"_s);
-        doorsOfTest.expect(u"Das Feld 'Kategorie' darf nicht leer sein."_s);
-        press(window, u"cmdKategorieNeu"_s);
-        doorsOfTest.expect(u"Die Kategorie telefon ist bereits vorhanden!"_s);
-        type(window, u"txtKategorie"_s, u"telefon"_s);
-        press(window, u"cmdKategorieNeu"_s);
-        QCOMPARE(wholeDatabase(), before);
-        QCOMPARE(textOf(window, u"txtKategorie"_s), u"telefon"_s);
-        QCOMPARE(chosen(window, at("cmbKategorie", 0)), u"Sonstiges"_s);
-    }
-
-    void theFirstCategoryOfAnEmptyTableGetsTheId0() {
-        useEmptyDatabase();
-        {
-            const DbSession session(u"Testdaten"_s);
-            Global().Conn.Delete(u"KategorieKontakte"_s);
-        }
-        type(form(), u"txtKategorie"_s, u"Hort"_s);
-        press(form(), u"cmdKategorieNeu"_s);
-        QCOMPARE(rowsOf(u"KategorieKontakte"_s), QStringList{u"ID=0; Name=Hort"_s});
-    }
-
-    void aRenamedCategoryLeavesTheContactFieldsWithTheOldName() {
-        useEmptyDatabase();
-        auto& window = form();
-        clickEntry(list(window), u"Telefon"_s);
-        type(window, u"txtKategorie"_s, u"Fernruf"_s);
-        doorsOfTest.expect(u"Kategorie von Telefon auf Fernruf korrigieren?"_s, kAnswerYes);
-        press(window, u"cmdKategorieKorrektur"_s);
-        QCOMPARE(doorsOfTest.boxes().back().code, 36);
-        QCOMPARE(doorsOfTest.boxes().back().title, u"Kategorie löschen"_s);
-        QCOMPARE(rowsOf(u"KategorieKontakte"_s).at(2), u"ID=2; Name=Fernruf"_s);
-        QCOMPARE(listed(window).at(2), u"Fernruf"_s);
-        QCOMPARE(textOf(window, u"txtKategorie"_s), QString());
-        QCOMPARE(tableRowsWhere(u"KategorieKontakte = ?"_s, {u"Telefon"_s}).size(), 3);
-        QCOMPARE(chosen(window, at("cmbKategorie", 5)), u"Telefon"_s);
-        // At the next start the row belongs to no category; saving the dialog takes the old name away.
-        unloadForms();
-        QCOMPARE(chosen(form(), at("cmbKategorie", 5)), QString());
-        save(form());
-        QCOMPARE(tableRowsWhere(u"KategorieKontakte = ?"_s, {u"Telefon"_s}).size(), 0);
-    }
-
-    void onNoACategoryIsNeitherRenamedNorDeleted() {
-        useEmptyDatabase();
-        const auto before = wholeDatabase();
-        auto& window = form();
-        clickEntry(list(window), u"Name"_s);
-        doorsOfTest.expect(u"Kategorie von Name auf Name korrigieren?"_s, kAnswerNo);
-        press(window, u"cmdKategorieKorrektur"_s);
-        doorsOfTest.expect(kReallyDelete, kAnswerNo);
-        press(window, u"cmdKategorieLöschen"_s);
-        QCOMPARE(wholeDatabase(), before);
-        QCOMPARE(textOf(window, u"txtKategorie"_s), u"Name"_s);
-    }
-
-    void theLastCategoryMayBeDeletedAndTheBoxesAreEmptyThen() {
-        useEmptyDatabase();
-        auto& window = form();
-        for (const auto& name : listed(window)) {
-            clickEntry(list(window), name);
-            doorsOfTest.expect(kReallyDelete, kAnswerYes);
-            press(window, u"cmdKategorieLöschen"_s);
-            QCOMPARE(doorsOfTest.boxes().back().code, 36);
-            QCOMPARE(doorsOfTest.boxes().back().title, u"Kategorie löschen"_s);
-            QVERIFY(!listed(window).contains(name));
-            QCOMPARE(textOf(window, u"txtKategorie"_s), QString());
-        }
-        QCOMPARE(rowsOf(u"KategorieKontakte"_s), QStringList());
-        for (int i = 0; i < kContactFields; ++i)
-            QCOMPARE(control<QComboBox>(window, at("cmbKategorie", i)).count(), 0);
-    }
-
-    void theBoxesOfferTwentyOneCategoriesAtMost() {
-        useEmptyDatabase();
-        for (int id = 5; id < 30; ++id)
-            addRow(u"KategorieKontakte"_s, {{u"ID"_s, id}, {u"Name"_s, u"K%1"_s.arg(id)}});
-        QCOMPARE(control<QComboBox>(form(), at("cmbKategorie", 0)).count(), 21);
-        QCOMPARE(list(form()).count(), 30);
-    }
-
-    void aCategoryWithAnApostropheIsRefusedUntilTheOfficeAllowsIt() {
-        useEmptyDatabase();
-        const auto before = wholeDatabase();
-        auto& window = form();
-        type(window, u"txtKategorie"_s, u"x' OR '1'='1"_s);
-        doorsOfTest.expectBeginning(u"Kategorie speichern: Syntaxfehler"_s);
-        press(window, u"cmdKategorieNeu"_s);
-        doorsOfTest.expect(kReallyDelete, kAnswerYes);
-        doorsOfTest.expectBeginning(u"Kategorie löschen: Syntaxfehler"_s);
-        press(window, u"cmdKategorieLöschen"_s);
-        QCOMPARE(wholeDatabase(), before);
-        Global().Conn.AllowApostrophes(true);
-        doorsOfTest.expect(kReallyDelete, kAnswerYes);
-        press(window, u"cmdKategorieLöschen"_s);
-        QCOMPARE(wholeDatabase(), before);
-        type(window, u"txtKategorie"_s, u"x' OR '1'='1"_s);
-        press(window, u"cmdKategorieNeu"_s);
-        QCOMPARE(rowsOf(u"KategorieKontakte"_s).last(), u"ID=5; Name=x' OR '1'='1"_s);
     }
 
     void theOldSwitchOfTheOverlapCheckIsNotInUse() {

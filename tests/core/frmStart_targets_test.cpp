@@ -9,7 +9,10 @@
 #include "support/expected_page.h"
 #include "support/test_base.h"
 
+#include <QAbstractButton>
 #include <QAction>
+#include <QGuiApplication>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 using namespace kolibri;
@@ -30,6 +33,8 @@ private Q_SLOTS:
         row(u"mnuKlasseNeuLöschen"_s, u"frmKlassenNeuLöschen"_s, {}, u"Klassen Neu/Löschen"_s);
         row(u"mnuUnterrichtBeginnEnde"_s, u"frmUnterrichtszeiten"_s, {}, u"Unterrichtszeiten"_s);
         row(u"mnuStundenplan"_s, u"frmStundenplan"_s, {}, u"Stundenplan"_s);
+        row(u"mnuListen_ME_LZ_AG"_s, u"frmListeNotizen"_s, u"ME_LZ_AG"_s, u"LISTE NOTIZEN"_s);
+        row(u"mnuNotizenTP"_s, u"frmListeNotizen"_s, u"TP"_s, u"LISTE NOTIZEN"_s);
         row(u"mnuBelegungplanME"_s, u"frmBelegungsplan_ME_LZ"_s, u"BelegungME"_s, u"Belegungsplan"_s);
         row(u"mnuBelegungsplanLZ"_s, u"frmBelegungsplan_ME_LZ"_s, u"BelegungLZ"_s, u"Belegungsplan"_s);
         const QList<std::pair<QString, QString>> assignments{
@@ -80,6 +85,49 @@ private Q_SLOTS:
         QCOMPARE(opened->Tag, tag);
         QCOMPARE(opened->windowTitle(), caption);
         QVERIFY(opened->isModal());
+    }
+
+    void anEntryShowsItsReport_data() {
+        QTest::addColumn<int>("listenArt");
+        QTest::addColumn<QStringList>("boxes");
+        const QString question =
+            u"Soll die Ausgabe mit eventuell vorhandenen Schulanfängern\n(Klasse = 0) erfolgen?"_s;
+        const QString fourClasses = u"Es werden nur die Klassen 'A bis D' dargestellt!"_s;
+        const auto row = [](const QString& entry, int listenArt, const QStringList& boxes) {
+            QTest::newRow(qPrintable(entry)) << listenArt << boxes;
+        };
+        row(u"mnuBerichtMensaGesamt"_s, 11, {question});
+        row(u"mnuBerichtMensaAnzahlJeKlasse"_s, 12, {question});
+        row(u"mnuBerichtLernzeitGesamt"_s, 21, {question});
+        row(u"mnuBerichtLernzeitNachKlassen"_s, 22, {question});
+        row(u"mnuBelegungME"_s, 13, {fourClasses});
+        row(u"mnuBelegungLZ"_s, 23, {fourClasses});
+        row(u"mnuBerichtArbeitsgruppenGesamt"_s, 31, {});
+        row(u"mnuZeitüberschneidungen"_s, 7, {});
+    }
+
+    void anEntryShowsItsReport() {
+        QFETCH(const int, listenArt);
+        QFETCH(const QStringList, boxes);
+        useSampleSchool();
+        auto& start = Form<frmStart>();
+        start.setState(StartState::Ready);
+        for (const auto& box : boxes)
+            doorsOfTest.expect(box, kAnswerYes);
+        start.findChild<QAction*>(QString::fromUtf8(QTest::currentDataTag()))->trigger();
+        QCOMPARE(doorsOfTest.pages(), std::vector<quint8>({static_cast<quint8>(listenArt)}));
+        QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
+    void theLargeButtonsShowTheOccupancyPlans() {
+        useSampleSchool();
+        auto& start = Form<frmStart>();
+        start.setState(StartState::Ready);
+        for (const auto& name : {u"Belegug_Mensa"_s, u"Belegug_Lernzeit"_s}) {
+            doorsOfTest.expect(u"Es werden nur die Klassen 'A bis D' dargestellt!"_s);
+            start.findChild<QAbstractButton*>(name)->click();
+        }
+        QCOMPARE(doorsOfTest.pages(), std::vector<quint8>({13, 23}));
     }
 
     void aListWithoutOptionsIsShownAtOnce_data() {

@@ -260,16 +260,17 @@ private Q_SLOTS:
     }
 
     void theFourReportsAskForTheSchoolStartersFirst() {
+        useEmptyDatabase();
         for (const auto& name : {u"mnuBerichtMensaGesamt"_s, u"mnuBerichtMensaAnzahlJeKlasse"_s,
                                  u"mnuBerichtLernzeitGesamt"_s, u"mnuBerichtLernzeitNachKlassen"_s}) {
             doorsOfTest.expectBeginning(u"Soll die Ausgabe"_s, kAnswerNo);
-            doorsOfTest.expect(kNotYet);
             const std::size_t before = doorsOfTest.boxes().size();
             choose(name);
             QCOMPARE(doorsOfTest.boxes().at(before).title, u"Bericht Mensa"_s);
             QVERIFY(!Global().MitSchulanfaengern);
         }
         QCOMPARE(Global().ListenArt, 22);
+        QCOMPARE(doorsOfTest.pages(), std::vector<quint8>({11, 12, 21, 22}));
     }
 
     void theOccupancyOfTheMensaNeedsItsPlaces() {
@@ -287,9 +288,9 @@ private Q_SLOTS:
         useEmptyDatabase();
         addPlaces(u"LZ"_s);
         doorsOfTest.expect(kFourClasses);
-        doorsOfTest.expect(kNotYet);
         choose(u"mnuBelegungLZ"_s);
         QCOMPARE(Global().ListenArt, 23);
+        QCOMPARE(doorsOfTest.pages(), std::vector<quint8>{23});
     }
 
     void infoTellsNameAndVersion() {

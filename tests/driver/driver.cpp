@@ -85,13 +85,12 @@ QJsonArray rowsOf(const QString& name) {
 }
 
 void type(const QString& name, const QString& text) {
-    auto& line = usable<QLineEdit>(name);
-    line.setFocus();
-    line.selectAll();
-    QTest::keyClick(&line, Qt::Key_Delete);
+    auto& box = usable<QWidget>(name);
+    box.setFocus();
+    QTest::keySequence(&box, QKeySequence::SelectAll);
+    QTest::keyClick(&box, Qt::Key_Delete);
     for (const QChar letter : text)
-        QTest::sendKeyEvent(QTest::Click, &line, Qt::Key_unknown, QString(letter), Qt::NoModifier);
-    QTest::keyClick(&line, Qt::Key_Tab);
+        QTest::sendKeyEvent(QTest::Click, &box, Qt::Key_unknown, QString(letter), Qt::NoModifier);
 }
 
 void choose(const QString& name, const QString& text) {
@@ -162,6 +161,8 @@ class Driver : public QObject {
 public:
     Driver() {
         connect(&m_socket, &QLocalSocket::readyRead, this, [this] { read(); });
+        // The program does not outlive the test that drives it.
+        connect(&m_socket, &QLocalSocket::disconnected, this, [] { std::_Exit(EXIT_FAILURE); });
         QTimer::singleShot(0, this,
                            [this] { m_socket.connectToServer(qEnvironmentVariable("KOLIBRI_DRIVER")); });
     }
@@ -193,6 +194,8 @@ private:
         const int row = request.value(u"row"_s).toInt();
         if (verb == u"window")
             return windowInUse();
+        if (verb == u"dialog")
+            return qobject_cast<const QFileDialog*>(QApplication::activeModalWidget()) != nullptr;
         if (verb == u"text")
             return textOf(name);
         if (verb == u"rows")

@@ -1,14 +1,18 @@
+#include "core/frmStart.h"
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
 #include "core/platform/places.h"
 #include "core/runtime_error.h"
 #include "core/widgets/application.h"
+#include "core/widgets/forms.h"
 #include "maintenance/jet_process.h"
 #include "maintenance/mdlVers111.h"
 #include "support/fixtures.h"
 #include "support/test_base.h"
 
+#include <QAction>
 #include <QJsonArray>
+#include <QMenu>
 #include <QProcess>
 #include <QTest>
 
@@ -293,11 +297,34 @@ private Q_SLOTS:
         QVERIFY_THROWS_EXCEPTION(RuntimeError, repairLinks(Global().Conn, home() + u"/fehlt"_s));
     }
 
-    void theMenuEntryWorksOnTheDatabaseAndSaysNothing() {
+    void theHiddenMenuEntryRepairsAfterASafetyCopyAndSaysNothing() {
         useOldSchool();
-        DatenbankAktualisieren();
+        const auto before = wholeDatabase();
+        auto* entry = Form<frmStart>().findChild<QAction*>(u"mnuAdminDatenbankAktualsieren"_s);
+        QVERIFY(!entry->isVisible() || !Form<frmStart>().findChild<QMenu*>(u"frmAdmin"_s)->isVisible());
+        entry->trigger();
         QCOMPARE(doorsOfTest.boxes().size(), 0);
         QVERIFY(fileContent(baseFolder() + u'/' + kRepairProtocol).startsWith(kHeading));
+        QVERIFY(wholeDatabase() != before);
+        QVERIFY(QFile::remove(DatenbankDatei(home())));
+        QVERIFY(QFile::rename(home() + u"/KOLIBRI_Daten-Sicherheitskopie-20261120-093000.mdb"_s,
+                              DatenbankDatei(home())));
+        QCOMPARE(wholeDatabase(), before);
+    }
+
+    void aFailureOfTheMenuEntryNamesTheSafetyCopy() {
+        useEmptyDatabase();
+        {
+            const DbSession session(u"Testdaten"_s);
+            Global().Conn.AddNew(u"Stammdaten"_s).Set(u"GR1_MO"_s, u"Papa's Platz"_s).Update();
+        }
+        try {
+            DatenbankAktualisieren();
+            QFAIL("no error");
+        } catch (const StoreError& error) {
+            QVERIFY2(error.note().contains(u"KOLIBRI_Daten-Sicherheitskopie-20261120-093000.mdb"_s),
+                     qPrintable(error.note()));
+        }
     }
 };
 

@@ -243,6 +243,14 @@ private Q_SLOTS:
         QCOMPARE(column(u"Klasse"_s), QStringList({u"10a"_s, u"11a"_s}));
     }
 
+    void aCapitalLetterMovesUpLikeAnyOther() {
+        useClasses({u"2B"_s, u"1b"_s, u"1C"_s});
+        change(u"4"_s, 4);
+        // One letter for the store, written as the first pupil has it.
+        QCOMPARE(column(u"Klasse"_s), QStringList({u"3B"_s, u"2B"_s, u"2C"_s}));
+        QCOMPARE(column(u"Schulstufe"_s), QStringList({u"3"_s, u"2"_s, u"2"_s}));
+    }
+
     void aGradeAboveTheHighestKeepsNumberAndClass() {
         useClasses({u"3a"_s, u"5a"_s, u"10a"_s});
         change(u"4"_s, 4);

@@ -1,29 +1,17 @@
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
-#include "core/startup.h"
 #include "core/store/schema.h"
 #include "core/widgets/application.h"
-#include "maintenance/settings_rows.h"
 #include "maintenance/upgrade.h"
+#include "support/fixtures.h"
 #include "support/old_database.h"
 #include "support/test_base.h"
-
-#include <QDir>
-#include <QFile>
 
 using namespace Qt::StringLiterals;
 using namespace kolibri;
 using namespace kolibri::test;
 
 namespace {
-
-const QString kStamp = u"20261120-0930"_s;
-const QString kHeading = u"ID, SCH_ID, GR, L_Name, Tag, Tag_Zahl, Zeit, Zeit_K_Name, Notiz\r\n"_s;
-
-QByteArray contentOf(const QString& name) {
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 /// What a column is called and of which kind it is, table by table.
 QMap<QString, QStringList> shapeOf(Connection& conn) {
@@ -57,67 +45,20 @@ bool comesAnotherWay(const QString& table, const QString& column) {
            || (table == u"Einstellungen"_s && column == u"KategorieKontakte"_s);
 }
 
-void addNote(qint64 pupil, const QString& slot, const QString& key, const QString& text) {
-    Global()
-        .Conn.AddNew(u"SCH_Notiz"_s)
-        .Set(u"SCH_ID"_s, pupil)
-        .Set(u"GR"_s, slot)
-        .Set(u"L_Name"_s, u"Mensa"_s)
-        .Set(u"Tag"_s, u"MO"_s)
-        .Set(u"Tag_Zahl"_s, 0)
-        .Set(u"Zeit"_s, key.left(13))
-        .Set(u"Zeit_K_Name"_s, key)
-        .Set(u"Notiz"_s, text)
-        .Update();
-}
-
-qint64 addPupil(const FieldValues& values) {
-    NewRow row = Global().Conn.AddNew(u"Stammdaten"_s);
-    for (const auto& [field, value] : values)
-        row.Set(field, value);
-    return row.Update();
-}
-
-void addOffering(const QString& table, const QString& key, const QString& unit) {
-    Global()
-        .Conn.AddNew(table)
-        .Set(u"Tag"_s, u"MO"_s)
-        .Set(u"Zeit_K_Name"_s, key)
-        .Set(u"UE_Zeit"_s, unit)
-        .Update();
-}
-
 } // namespace
 
-class UpgradeTest : public TestBase {
+class UpgradeTest : public OldDatabaseTest {
     Q_OBJECT
-
-    void start() { startUp(home(), {.bringUpToDate = bringUpToDate, .finishUpgrade = fillNewSlots}); }
-
-    QStringList safetyCopies() const {
-        return QDir(home()).entryList({u"KOLIBRI_Daten-Sicherheitskopie-*"_s}, QDir::Files);
-    }
-
-    QStringList logs() const { return QDir(home()).entryList({u"DB_Konvert_*"_s}, QDir::Files); }
-
-    QString log(const QString& kind) const {
-        return QString::fromLatin1(contentOf(home() + u"/DB_Konvert_"_s + kind + u'_' + kStamp + u".txt"_s));
-    }
-
-    template <class F> void inDatabase(F work) {
-        const DbSession session(u"Test"_s);
-        work(Global().Conn);
-    }
 
 private Q_SLOTS:
     void aCurrentFileIsOnlyRead() {
         useEmptyDatabase();
-        const QByteArray before = contentOf(DatenbankDatei(home()));
+        const QByteArray before = fileContent(DatenbankDatei(home()));
         QElapsedTimer timer;
         timer.start();
         bringUpToDate();
         qInfo("schema pass of a current file: %.2f ms", double(timer.nsecsElapsed()) / 1e6);
-        QCOMPARE(contentOf(DatenbankDatei(home())), before);
+        QCOMPARE(fileContent(DatenbankDatei(home())), before);
         QVERIFY(safetyCopies().isEmpty());
         const auto& global = Global();
         QVERIFY(!global.UpgradeNotizen && !global.UpgradeKontakte && !global.UpgradeAG_Slots
@@ -150,9 +91,9 @@ private Q_SLOTS:
         start();
         inDatabase([&](Connection& conn) { QCOMPARE(shapeOf(conn), wantedShape()); });
         QCOMPARE(safetyCopies().size(), 1);
-        const QByteArray afterFirst = contentOf(DatenbankDatei(home()));
+        const QByteArray afterFirst = fileContent(DatenbankDatei(home()));
         start();
-        QCOMPARE(contentOf(DatenbankDatei(home())), afterFirst);
+        QCOMPARE(fileContent(DatenbankDatei(home())), afterFirst);
     }
 
     void aFileOfTheFirstVersionGrowsToTheWholeSchema() {
@@ -190,6 +131,42 @@ private Q_SLOTS:
         });
     }
 
+    void whatIsMissingIsAddedInItsOrder() {
+        useEmptyDatabase();
+        QStringList oldTables;
+        qsizetype oldColumns = 0;
+        inDatabase([&](Connection& conn) {
+            makeFirstVersion(conn);
+            oldTables = conn.Tables();
+            oldColumns = static_cast<qsizetype>(conn.Columns(u"Stammdaten"_s).size());
+        });
+        start();
+        inDatabase([&](Connection& conn) {
+            QCOMPARE(conn.Tables(),
+                     oldTables
+                         + QStringList({u"Temp_Zeiten"_s, u"WP_Notiz"_s, u"Unterrichtseinheiten"_s,
+                                        u"Stundenplan"_s, u"GR6"_s, u"GR7"_s, u"Liste_AG"_s, u"Parameter"_s,
+                                        u"WochenplanTexte"_s, u"Bausteine"_s, u"KategorieKontakte"_s}));
+            QStringList added;
+            for (const auto& column : conn.Columns(u"Stammdaten"_s))
+                added << column.name;
+            QStringList wanted{u"NichtOG"_s, u"ZeitStempel"_s, u"PC_Name"_s};
+            for (const auto& number : {u"1"_s, u"2"_s, u"3"_s})
+                for (const auto& field :
+                     {u"GV_Name"_s, u"GV_Vorname"_s, u"Strasse"_s, u"PLZ"_s, u"Ort"_s, u"Tel_privat"_s,
+                      u"Mobil"_s, u"Tel_Dienst"_s, u"E_Mail"_s, u"Verwandt"_s})
+                    wanted << field + number;
+            wanted << u"NotfallRN"_s << u"Anmerkung"_s << u"Kennung"_s << u"Baustein"_s;
+            for (int fee = 0; fee <= kBeitraege; ++fee)
+                wanted << u"Beitrag_%1"_s.arg(fee);
+            wanted << u"Schwimmer"_s;
+            for (const auto& slot : {u"GR6_"_s, u"GR7_"_s})
+                for (int day = 0; day < kSchoolDays; ++day)
+                    wanted << slot + TagCode(day);
+            QCOMPARE(added.mid(oldColumns), wanted);
+        });
+    }
+
     void aKeyWrittenInAnotherCaseIsNotAddedAgain() {
         useEmptyDatabase();
         inDatabase([](Connection& conn) {
@@ -202,66 +179,6 @@ private Q_SLOTS:
                          .RecordCount(),
                      1);
         });
-    }
-
-    void aFileWithoutTagesplanNotesAndWithoutNotesGetsTheTableAndNoLogFiles() {
-        useEmptyDatabase();
-        inDatabase([](Connection& conn) { dropTable(conn, u"WP_Notiz"_s); });
-        start();
-        inDatabase([](Connection& conn) { QVERIFY(conn.HasTable(u"WP_Notiz"_s)); });
-        QCOMPARE(logs(), QStringList());
-    }
-
-    void notesAreSplitByTheCellOfTheirPupil() {
-        useEmptyDatabase();
-        inDatabase([](Connection& conn) {
-            addOffering(u"GR1"_s, u"13:00 - 13:45 ME1"_s, u"13:00 - 13:45"_s);
-            addOffering(u"GR2"_s, u"14:00 - 15:00 LZ1"_s, u"14:00 - 14:45"_s);
-            const qint64 id = addPupil({{u"GR1_MO"_s, u"13:00 - 13:45 ME1"_s}, {u"GR2_MO"_s, QString()}});
-            addNote(id, u"GR1"_s, u"13:00 - 13:45 ME1"_s, u"bleibt"_s);
-            addNote(id, u"GR1"_s, u"12:00 - 12:45 ME2"_s, u"veraltet"_s);
-            addNote(id, u"GR2"_s, u"14:00 - 15:00 LZ1"_s, u"Tagesplan"_s);
-            addNote(id, u"GR2"_s, u"15:00 - 16:00 LZ9"_s, u"ohne Angebot"_s);
-            dropTable(conn, u"WP_Notiz"_s);
-        });
-        start();
-        QCOMPARE(log(u"OK"_s), kHeading + u"1;1,GR1,Mensa,MO,0,13:00 - 13:45,13:00 - 13:45 ME1,bleibt\r\n"_s);
-        QCOMPARE(log(u"Fehler"_s),
-                 kHeading + u"2;1,GR1,Mensa,MO,0,12:00 - 12:45,12:00 - 12:45 ME2,veraltet\r\n"_s);
-        QCOMPARE(log(u"WP"_s),
-                 kHeading + u"3;1,GR2,Mensa,MO,0,14:00 - 15:00,14:00 - 15:00 LZ1,Tagesplan\r\n"_s
-                     + u"4;1,GR2,Mensa,MO,0,15:00 - 16:00,15:00 - 16:00 LZ9,ohne Angebot\r\n"_s);
-        inDatabase([](Connection& conn) {
-            const Recordset kept = conn.Open(u"SELECT * FROM SCH_Notiz"_s);
-            QCOMPARE(kept.RecordCount(), 1);
-            QCOMPARE(kept.Number(u"ID"), 1);
-            // The last note has no offering and takes the unit of the note before it.
-            QCOMPARE(
-                tableRows(conn, u"WP_Notiz"_s),
-                (QStringList{u"ID=1; SCH_ID=1; UE=14:00 - 14:45; Tag=MO; Tag_Zahl=0; Notiz=Tagesplan"_s,
-                             u"ID=2; SCH_ID=1; UE=14:00 - 14:45; Tag=MO; Tag_Zahl=0; Notiz=ohne Angebot"_s}));
-        });
-    }
-
-    void aNoteWhosePupilHasBeenDeletedEndsTheConversionAndTheSafetyCopyIsNamed() {
-        useEmptyDatabase();
-        inDatabase([](Connection& conn) {
-            const qint64 id = addPupil({{u"GR1_MO"_s, u"13:00 - 13:45 ME1"_s}});
-            addNote(id, u"GR1"_s, u"12:00 - 12:45 ME2"_s, u"veraltet"_s);
-            addNote(99, u"GR1"_s, u"13:00 - 13:45 ME1"_s, u"Waise"_s);
-            dropTable(conn, u"WP_Notiz"_s);
-        });
-        try {
-            start();
-            QFAIL("the conversion went on without the pupil");
-        } catch (const OfficeError& error) {
-            QVERIFY(error.note().contains(safetyCopies().value(0)));
-        }
-        QCOMPARE(safetyCopies().size(), 1);
-        // What was done stays done, and the next start does not repeat the conversion.
-        inDatabase([](Connection& conn) { QCOMPARE(tableRows(conn, u"SCH_Notiz"_s).size(), 1); });
-        start();
-        QVERIFY(!Global().UpgradeNotizen);
     }
 
     void classesAreSplitIntoGradeAndLetter() {
@@ -281,110 +198,66 @@ private Q_SLOTS:
         });
     }
 
-    void theLateSlotsEqualTheFirstAfterTheFirstStartAndThePupilsCellsAreEmpty() {
+    void columnsThatComeOnlyWithTheirTableComeBackWithIt() {
         useEmptyDatabase();
-        inDatabase([](Connection& conn) {
-            addPupil({{u"GR3_MO"_s, u"15:00 - 16:00 CHOR"_s}});
-            addOffering(u"GR3"_s, u"15:00 - 16:00 CHOR"_s, u"15:00 - 16:00"_s);
-            addOffering(u"GR3"_s, u"15:00 - 16:00 TANZ"_s, QString());
-            conn.Delete(u"GR3"_s, u"ID = ?"_s, {1});
-            addOffering(u"GR3"_s, u"16:00 - 17:00 CHOR"_s, u"15:00 - 16:00"_s);
-            makeFirstVersion(conn);
-        });
-        start();
-        inDatabase([](Connection& conn) {
-            QStringList slots = tableRows(conn, u"GR3"_s);
-            slots.replaceInStrings(QRegularExpression(u"Anmerkung=[^;]*; "_s), QString());
-            QCOMPARE(slots.size(), 2);
-            QCOMPARE(tableRows(conn, u"GR6"_s), slots);
-            QCOMPARE(tableRows(conn, u"GR7"_s), slots);
-            const Recordset pupil = conn.Open(u"SELECT GR6_MO, GR7_FR FROM Stammdaten"_s);
-            QVERIFY(pupil.Text(u"GR6_MO").isEmpty() && pupil.Text(u"GR7_FR").isEmpty());
-        });
-    }
-
-    void theFathersNumbersGoToTheSecondContact() {
-        useEmptyDatabase();
-        inDatabase([](Connection& conn) {
-            addPupil({{u"GV_Name"_s, u"Groß"_s},
-                      {u"GV_Vorname"_s, u"Eva"_s},
-                      {u"Strasse"_s, u"Weg 1"_s},
-                      {u"PLZ"_s, u"02826"_s},
-                      {u"Ort"_s, u"Görlitz"_s},
-                      {u"Tel_privat"_s, u"1"_s},
-                      {u"Tel_dienst_Mutter"_s, u"2"_s},
-                      {u"Tel_dienst_Vater"_s, u"3"_s},
-                      {u"Handy_Mutter"_s, u"4"_s},
-                      {u"Handy_Vater"_s, u"5"_s}});
-            dropColumn(conn, u"Stammdaten"_s, u"GV_Name1"_s);
-        });
-        start();
-        inDatabase([](Connection& conn) {
-            const Recordset rs = conn.Open(u"SELECT * FROM Stammdaten"_s);
-            QStringList values;
-            for (const auto& field : {u"GV_Name1"_s, u"GV_Vorname1"_s, u"Strasse1"_s, u"PLZ1"_s, u"Ort1"_s,
-                                      u"Tel_privat1"_s, u"Tel_Dienst1"_s, u"Mobil1"_s, u"GV_Name2"_s,
-                                      u"Tel_Dienst2"_s, u"Mobil2"_s, u"GV_Name"_s, u"Handy_Vater"_s})
-                values << rs.Text(field);
-            QCOMPARE(values, (QStringList{u"Groß"_s, u"Eva"_s, u"Weg 1"_s, u"02826"_s, u"Görlitz"_s, u"1"_s,
-                                          u"2"_s, u"4"_s, QString(), u"3"_s, u"5"_s, u"Groß"_s, u"5"_s}));
-        });
-    }
-
-    void anApostropheInAContactStopsTheConversionAtThatPupil() {
-        useEmptyDatabase();
-        inDatabase([](Connection& conn) {
-            for (const auto& name : {u"Abel"_s, u"O'Neill"_s, u"Zobel"_s})
-                addPupil({{u"GV_Name"_s, name}});
-            dropColumn(conn, u"Stammdaten"_s, u"GV_Name1"_s);
-        });
-        QVERIFY_THROWS_EXCEPTION(StoreError, start());
-        inDatabase([](Connection& conn) {
-            QStringList names;
-            for (Recordset rs = conn.Open(u"SELECT GV_Name1 FROM Stammdaten ORDER BY ID"_s); !rs.Eof();
-                 rs.MoveNext())
-                names << rs.Text(u"GV_Name1");
-            QCOMPARE(names, (QStringList{u"Abel"_s, QString(), QString()}));
-        });
-        start();
-        QVERIFY(!Global().UpgradeKontakte);
-    }
-
-    void feesLoseTheirCentsHalfToTheEvenEuro_data() {
-        QTest::addColumn<QVariant>("member");
-        QTest::addColumn<QVariant>("care");
-        QTest::addColumn<QString>("wanted");
-        QTest::newRow("whole") << QVariant(36) << QVariant(60) << u"36 60 96"_s;
-        QTest::newRow("half") << QVariant(12.5) << QVariant(13.5) << u"12 14 26"_s;
-        QTest::newRow("cents") << QVariant(0.4) << QVariant(45.51) << u"0 46 46"_s;
-        QTest::newRow("none") << QVariant() << QVariant(0) << u"0 0 0"_s;
-        QTest::newRow("negative") << QVariant(-5) << QVariant(110.75) << u"0 111 111"_s;
-    }
-
-    void feesLoseTheirCentsHalfToTheEvenEuro() {
-        QFETCH(QVariant, member);
-        QFETCH(QVariant, care);
-        QFETCH(QString, wanted);
-        useEmptyDatabase();
+        QStringList settings;
         inDatabase([&](Connection& conn) {
-            addPupil({{u"MI_Beitrag"_s, member}, {u"BT_Beitrag"_s, care}});
-            dropColumn(conn, u"Stammdaten"_s, u"Beitrag_0"_s);
+            conn.Change(u"Einstellungen"_s, {{u"Bezeichnung"_s, u"Handy"_s}},
+                        u"Feld = 'Kontakt' AND Nummer = 6"_s);
+            settings = tableRows(conn, u"Einstellungen"_s);
+            dropTable(conn, u"KategorieKontakte"_s);
+            dropColumn(conn, u"Einstellungen"_s, u"KategorieKontakte"_s);
+            dropTable(conn, u"GR6"_s);
+            dropTable(conn, u"GR7"_s);
+            for (const auto& slot : {u"GR6_"_s, u"GR7_"_s})
+                for (int day = 0; day < kSchoolDays; ++day)
+                    dropColumn(conn, u"Stammdaten"_s, slot + TagCode(day));
         });
         start();
         inDatabase([&](Connection& conn) {
-            const Recordset rs = conn.Open(u"SELECT * FROM Stammdaten"_s);
-            QCOMPARE(rs.Text(u"Beitrag_0") + u' ' + rs.Text(u"Beitrag_1") + u' ' + rs.Text(u"Beitrag_7"),
-                     wanted);
-            // The rows of labels are there already and are not doubled.
-            QCOMPARE(conn.Open(u"SELECT Feld FROM Einstellungen WHERE Feld = 'Beitrag_0'"_s).RecordCount(),
-                     1);
+            QCOMPARE(shapeOf(conn), wantedShape());
+            QCOMPARE(tableRows(conn, u"Einstellungen"_s), settings);
         });
+        const QByteArray afterFirst = fileContent(DatenbankDatei(home()));
+        start();
+        QCOMPARE(fileContent(DatenbankDatei(home())), afterFirst);
+    }
+
+    void aNameFormatThatIsStillThereStays() {
+        useEmptyDatabase();
+        inDatabase([](Connection& conn) {
+            conn.Change(u"Einstellungen"_s, {{u"NameKurz"_s, u"Vorname gekürzt"_s}}, u"Feld = ?"_s,
+                        {u"Name_Liste_AG"_s});
+            dropColumn(conn, u"Einstellungen"_s, u"NameZuerst"_s);
+        });
+        start();
+        QCOMPARE(Global().NameKurz[kNamesArbeitsgruppe], u"Vorname gekürzt"_s);
+        QCOMPARE(Global().NameZuerst[kNamesArbeitsgruppe], u"Vorname Nachname"_s);
+    }
+
+    void aFileInUseElsewhereEndsTheStartAndIsNotTouched() {
+        useEmptyDatabase();
+        inDatabase([](Connection& conn) { dropTable(conn, u"Bausteine"_s); });
+        const QByteArray before = fileContent(DatenbankDatei(home()));
+        Connection other;
+        other.OpenFile(DatenbankDatei(home()));
+        const Transaction writing(other);
+        constexpr int kShort = 50;
+        Global().Conn.SetBusyWait(kShort);
+        try {
+            start();
+            QFAIL("the file was changed while another workstation wrote");
+        } catch (const StoreError& error) {
+            QCOMPARE(error.kind(), StoreError::Kind::Busy);
+            QVERIFY(error.note().contains(u"Sicherheitskopie"_s));
+        }
+        QCOMPARE(fileContent(DatenbankDatei(home())), before);
     }
 
     void aDateOrPostCodeColumnOfAnotherKindBecomesText() {
         useEmptyDatabase();
         inDatabase([](Connection& conn) {
-            addPupil({{u"SCH_Name"_s, u"Abel"_s}, {u"PLZ"_s, u"2826"_s}});
+            conn.AddNew(u"Stammdaten"_s).Set(u"SCH_Name"_s, u"Abel"_s).Set(u"PLZ"_s, u"2826"_s).Update();
             conn.ChangeColumn(u"Stammdaten"_s, {u"PLZ"_s, ColumnKind::Long});
         });
         start();

@@ -339,16 +339,27 @@ private Q_SLOTS:
         QVERIFY(!textBox().toHtml().contains(u"font-weight:700"_s));
     }
 
+    void enterPressesOkAndNeverDeletes() {
+        openNote(u"N_GR1(0)"_s);
+        QVERIFY(QTest::qWaitForWindowActive(&noteForm()));
+        auto& flag = control<QCheckBox>(noteForm(), u"chkKeineTeilnahme"_s);
+        flag.setFocus();
+        QTest::keyClick(&flag, Qt::Key_Return);
+        QVERIFY(!noteForm().isVisible());
+        QCOMPARE(notes().size(), 1);
+        QCOMPARE(doorsOfTest.boxes().size(), std::size_t{0});
+    }
+
     void everythingCanBeReachedByKeyboardAndHasAName() {
         openNote(u"N_GR1(0)"_s);
         QVERIFY(QTest::qWaitForWindowActive(&noteForm()));
         QStringList road;
-        for (int i = 0; i < 6; ++i) {
+        for (int i = 0; i < 5; ++i) {
             road << noteForm().focusWidget()->objectName();
             QTest::keyClick(noteForm().focusWidget(), Qt::Key_Tab);
         }
         QCOMPARE(road, (QStringList{u"rtfNotiz"_s, u"chkKeineTeilnahme"_s, u"cmdLöschen"_s, u"cmdOK"_s,
-                                    u"cmdBeenden"_s, u"txtSchülerIn"_s}));
+                                    u"cmdBeenden"_s}));
         for (const auto& name : {u"txtSchülerIn"_s, u"rtfNotiz"_s}) {
             bool labelled = false;
             for (const auto* label : noteForm().findChildren<QLabel*>())

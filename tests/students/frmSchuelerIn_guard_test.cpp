@@ -68,6 +68,35 @@ private Q_SLOTS:
         QCOMPARE(stampOf(2), kOurs);
     }
 
+    void aStampOfYesterdayAtTheSameHourIsFree() {
+        hold(2, u"PC-2"_s, 24 * 60 * 60);
+        auto& form = openToCorrect();
+        choose(form, 2);
+        QCOMPARE(stampOf(2), kOurs);
+    }
+
+    void aRecordThatThisWorkstationLostTrackOfIsRefusedWithItsOwnName() {
+        hold(2, u"TEST-PC"_s, 10);
+        auto& form = openToCorrect();
+        doorsOfTest.expect(BelegtMeldung(u"TEST-PC"_s));
+        choose(form, 2);
+        QCOMPARE(textOf(form, u"txtSCH(0)"_s), QString());
+    }
+
+    void aRecordOfWhichNotAllCanBeReadIsStillOursToMend() {
+        change(2, {{u"Klasse"_s, u"3'a"_s}});
+        auto& form = openToCorrect();
+        doorsOfTest.expectBeginning(u"Schülerdaten lesen: "_s);
+        choose(form, 2);
+        QCOMPARE(textOf(form, u"txtSCH(0)"_s), u"Müller"_s);
+        type(form, u"txtSCH(3)"_s, u"3a"_s);
+        doorsOfTest.expectBeginning(u"Wenn Sie den Status auf nicht OG-Schüler ändern"_s, kAnswerYes);
+        check(form, u"chkNichtOG"_s);
+        press(form);
+        QCOMPARE(stored(2, u"Klasse"_s), u"3a"_s);
+        QCOMPARE(stored(2, u"NichtOG"_s), u"Wahr"_s);
+    }
+
     void aRefusedRecordCannotBeWrittenByFillingTheFieldsByHand() {
         hold(2, u"PC-2"_s, 10);
         auto& form = openToCorrect();

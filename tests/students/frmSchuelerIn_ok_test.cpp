@@ -182,6 +182,98 @@ private Q_SLOTS:
         QVERIFY(!columnOf(u"Klassen"_s, u"Klasse"_s).contains(u"0a"_s));
     }
 
+    void theClassOfAPupil_data() {
+        QTest::addColumn<QString>("klasse");
+        QTest::addColumn<bool>("passes");
+        for (const auto& good : {u"1a"_s, u"9z"_s, u"10a"_s, u"99z"_s})
+            QTest::newRow(qPrintable(good)) << good << true;
+        for (const auto& bad : {u"0a"_s, u"100a"_s, u"1A"_s, u"1"_s, u"a1"_s, u"1ä"_s})
+            QTest::newRow(qPrintable(bad)) << bad << false;
+    }
+    void theClassOfAPupil() {
+        QFETCH(const QString, klasse);
+        QFETCH(const bool, passes);
+        auto& form = openToCorrect();
+        choose(form, 2);
+        type(form, u"txtSCH(3)"_s, klasse);
+        doorsOfTest.expect(passes ? u"Die Klasse %1 wurde erstellt!"_s.arg(klasse) : kClassMessage);
+        press(form);
+        QCOMPARE(stored(2, u"Klasse"_s), passes ? klasse : u"3a"_s);
+        QCOMPARE(stored(2, u"Schulstufe"_s), passes ? klasse.left(1) : u"3"_s);
+    }
+
+    void theClassOfASchoolStarter_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("klasse");
+        QTest::newRow("empty") << QString() << u"00"_s;
+        QTest::newRow("a") << u"a"_s << u"0a"_s;
+        QTest::newRow("z") << u"z"_s << u"0z"_s;
+        QTest::newRow("0b") << u"0b"_s << u"0b"_s;
+        // Named by the message, and refused all the same.
+        QTest::newRow("0") << u"0"_s << QString();
+        QTest::newRow("1a") << u"1a"_s << QString();
+        QTest::newRow("A") << u"A"_s << QString();
+    }
+    void theClassOfASchoolStarter() {
+        QFETCH(const QString, typed);
+        QFETCH(const QString, klasse);
+        auto& form = open(&mdlGlobal::ModusSchulanfaengerKorrektur);
+        choose(form, 5);
+        type(form, u"txtSCH(3)"_s, typed);
+        if (klasse.isEmpty())
+            doorsOfTest.expectBeginning(u"Bei Schulanfängern sind im Feld KLASSE"_s);
+        const QStringList classes = rowsOf(u"Klassen"_s);
+        press(form);
+        QCOMPARE(stored(5, u"Klasse"_s), klasse.isEmpty() ? u"0a"_s : klasse);
+        QCOMPARE(rowsOf(u"Klassen"_s), classes);
+    }
+
+    void anEmptyDateOfBirthPassesAndAnotherFormIsTold() {
+        auto& form = openToCorrect();
+        choose(form, 2);
+        type(form, u"txtSCH(2)"_s, u"1.2.2010"_s);
+        doorsOfTest.expect(u"Datum entspricht nicht dem Format 'dd.mm.yyyy'."_s);
+        doorsOfTest.expect(kDateMessage);
+        press(form);
+        QCOMPARE(doorsOfTest.boxes().front().title, u"Datumsformat"_s);
+        QVERIFY(isFaulty(form, u"txtSCH(2)"_s));
+        type(form, u"txtSCH(2)"_s, QString());
+        press(form);
+        QCOMPARE(stored(2, u"SCH_Geb"_s), QString());
+        QCOMPARE(stored(2, u"PC_Name"_s), QString());
+    }
+
+    void deactivatingAndActivatingKeepsTheAssignmentsAndLosesTheNotes() {
+        const QString chor = u"14:00 - 15:00 Chor"_s;
+        change(2, {{u"GR3_DI"_s, chor}});
+        for (const int pupil : {2, 3}) {
+            addRow(u"SCH_Notiz"_s, {{u"SCH_ID"_s, pupil}, {u"GR"_s, u"GR3"_s}, {u"Zeit_K_Name"_s, chor}});
+            addRow(u"WP_Notiz"_s, {{u"ID"_s, pupil}, {u"SCH_ID"_s, pupil}});
+        }
+        auto& form = open(&mdlGlobal::ModusSchuelerLoeschen);
+        choose(form, 2);
+        doorsOfTest.expect(kReallyDelete, kAnswerYes);
+        press(form);
+        open(&mdlGlobal::ModusSchuelerAktivieren);
+        choose(form, 2);
+        press(form);
+        QCOMPARE(stored(2, u"aktiv"_s), u"Wahr"_s);
+        QCOMPARE(stored(2, u"GR3_DI"_s), chor);
+        QCOMPARE(columnOf(u"SCH_Notiz"_s, u"SCH_ID"_s), QStringList{u"3"_s});
+        QCOMPARE(columnOf(u"WP_Notiz"_s, u"SCH_ID"_s), (QStringList{u"2"_s, u"3"_s}));
+    }
+
+    void aDeletedSchoolStarterLeavesItsNotes() {
+        addRow(u"SCH_Notiz"_s, {{u"SCH_ID"_s, 5}, {u"GR"_s, u"GR1"_s}});
+        auto& form = open(&mdlGlobal::ModusSchulanfaengerLoeschen);
+        choose(form, 5);
+        doorsOfTest.expect(kReallyDelete, kAnswerYes);
+        press(form);
+        QCOMPARE(doorsOfTest.boxes().back().title, u"Schulanfänger löschen"_s);
+        QCOMPARE(stored(5, u"SCH_Name"_s), u"<keiner>"_s);
+        QCOMPARE(columnOf(u"SCH_Notiz"_s, u"SCH_ID"_s), QStringList{u"5"_s});
+    }
+
     void anUnknownClassIsMadeWithTheSave() {
         auto& form = openToCorrect();
         choose(form, 2);

@@ -1,4 +1,5 @@
 #include "core/widgets/application.h"
+#include "core/widgets/theme.h"
 #include "students/frmSCH_Notiz.h"
 #include "support/pupil_form.h"
 
@@ -123,6 +124,79 @@ private Q_SLOTS:
         tickTimer(form);
         QCOMPARE(lamp(form, 0), kGreenLamp);
         QCOMPARE(lamp(form, 1), kRedLamp);
+    }
+
+    void theLampOfADay_data() {
+        QTest::addColumn<QStringList>("boxes");
+        QTest::addColumn<QStringList>("teaching");
+        QTest::addColumn<bool>("red");
+        const QStringList mornings{u"08:00"_s, u"11:00"_s};
+        QTest::newRow("touching assignments are none")
+            << QStringList{u"12:00 - 13:00 A"_s, u"13:00 - 14:00 B"_s} << mornings << false;
+        QTest::newRow("one minute is an overlap")
+            << QStringList{u"12:00 - 13:01 A"_s, u"13:00 - 14:00 B"_s} << mornings << true;
+        QTest::newRow("the same offering in two AG slots is an overlap")
+            << QStringList{{}, {}, u"14:00 - 15:00 Chor"_s, {}, {}, {}, u"14:00 - 15:00 Chor"_s} << mornings
+            << true;
+        QTest::newRow("a Mensa time from the end of teaching on passes")
+            << QStringList{u"11:00 - 12:00 A"_s} << mornings << false;
+        QTest::newRow("a Mensa time one minute before the end of teaching is an overlap")
+            << QStringList{u"11:00 - 12:00 A"_s} << QStringList{u"08:00"_s, u"11:01"_s} << true;
+        QTest::newRow("an offering that ends when teaching begins passes")
+            << QStringList{{}, {}, u"07:00 - 08:00 A"_s} << mornings << false;
+        QTest::newRow("an offering that encloses teaching is an overlap")
+            << QStringList{{}, {}, u"07:00 - 14:00 A"_s} << QStringList{u"08:00"_s, u"12:00"_s} << true;
+        QTest::newRow("teaching in the afternoon is an overlap")
+            << QStringList{u"14:30 - 15:00 A"_s}
+            << QStringList{u"08:00"_s, u"12:00"_s, u"14:00"_s, u"15:30"_s} << true;
+        QTest::newRow("without an end of the morning the end of the afternoon is not checked")
+            << QStringList{u"14:00 - 15:00 A"_s}
+            << QStringList{u"08:00"_s, u"00:00"_s, u"14:00"_s, u"15:30"_s} << false;
+        QTest::newRow("with the begin of the morning alone that of the afternoon is checked")
+            << QStringList{u"13:30 - 14:30 A"_s}
+            << QStringList{u"08:00"_s, u"00:00"_s, u"14:00"_s, u"15:30"_s} << true;
+        QTest::newRow("with afternoon teaching alone nothing of it is checked")
+            << QStringList{u"13:30 - 16:30 A"_s}
+            << QStringList{u"00:00"_s, u"00:00"_s, u"14:00"_s, u"15:30"_s} << false;
+    }
+    void theLampOfADay() {
+        QFETCH(const QStringList, boxes);
+        QFETCH(const QStringList, teaching);
+        QFETCH(const bool, red);
+        const QStringList columns{u"Unterrichtsbeginn"_s, u"Unterrichtsende"_s, u"UnterrichtsbeginnNM"_s,
+                                  u"UnterrichtsendeNM"_s};
+        {
+            const DbSession session(u"Test"_s);
+            for (qsizetype i = 0; i < teaching.size(); ++i)
+                Global().Conn.Change(u"Klassen"_s, {{columns.at(i), teaching.at(i)}},
+                                     u"Klasse = ? AND Tag = ?"_s, {u"3a"_s, u"MI"_s});
+        }
+        for (qsizetype i = 0; i < boxes.size(); ++i)
+            if (!boxes.at(i).isEmpty()) {
+                addRow(u"GR%1"_s.arg(i + 1), {{u"Tag"_s, u"MI"_s}, {u"Zeit_K_Name"_s, boxes.at(i)}});
+                change(2, {{u"GR%1_MI"_s.arg(i + 1), boxes.at(i)}});
+            }
+        auto& form = openToCorrect();
+        choose(form, 2);
+        tickTimer(form);
+        QCOMPARE(lamp(form, 2), red ? kRedLamp : kGreenLamp);
+        QCOMPARE(lamp(form, 1), kGreenLamp);
+        if (red)
+            doorsOfTest.expect(kOverlap);
+        press(form);
+        // Written, and so free again, only from a green week.
+        QCOMPARE(stored(2, u"PC_Name"_s), red ? u"TEST-PC"_s : QString());
+    }
+
+    void withTheSwitchOffOverlappingTimesAreSavedWithoutAWord() {
+        auto& form = openToCorrect();
+        choose(form, 2);
+        pick(form, 1, 0, kMensa2);
+        pick(form, 2, 0, kLernzeit);
+        check(form, u"chkZÜ"_s);
+        press(form);
+        QCOMPARE(stored(2, u"GR1_MO"_s), kMensa2);
+        QCOMPARE(stored(2, u"GR2_MO"_s), kLernzeit);
     }
 
     void aNewPupilsBeginIsUnknownSoEverythingBeforeTheEndIsAnOverlap() {
@@ -352,6 +426,24 @@ private Q_SLOTS:
         QCOMPARE(note.Tag, u"GR1"_s);
         QCOMPARE(Global().NotizTag, u"MO"_s);
         QVERIFY(!Global().NotizBearbeiten);
+    }
+
+    void theImagesCanBeSeenOnTheGroundOfTheForm() {
+        change(2, {{u"GR1_MO"_s, kMensa1}, {u"GR2_MO"_s, kLernzeit}});
+        addNote(2, 2, 0, kLernzeit);
+        auto& form = openToCorrect();
+        choose(form, 2);
+        for (const auto& name : {u"N_GR1(0)"_s, u"Y_GR2(0)"_s}) {
+            const auto& image = control<QToolButton>(form, name);
+            const QImage drawing = image.icon().pixmap(image.iconSize()).toImage();
+            // The darkest dot is that of a line, not of its soft edge.
+            qreal best = 0;
+            for (int y = 0; y < drawing.height(); ++y)
+                for (int x = 0; x < drawing.width(); ++x)
+                    if (const QColor dot = drawing.pixelColor(x, y); dot.alpha() == 255)
+                        best = std::max(best, contrast(dot, form.palette().color(QPalette::Window)));
+            QVERIFY2(best >= 3.0, qPrintable(name + u' ' + QString::number(best)));
+        }
     }
 
     void aCellOfADeletedOfferingShowsEmptyAndIsErasedByTheNextOk() {

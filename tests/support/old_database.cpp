@@ -1,7 +1,11 @@
 #include "support/old_database.h"
 
+#include "core/startup.h"
 #include "core/store/connection.h"
 #include "core/store/schema.h"
+#include "maintenance/upgrade.h"
+
+#include <QDir>
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +31,14 @@ void makeFirstVersion(Connection& conn) {
             if (column.later)
                 dropColumn(conn, table.name, column.info.name);
     }
+}
+
+void OldDatabaseTest::start() {
+    startUp(home(), {.bringUpToDate = bringUpToDate, .finishUpgrade = fillNewSlots});
+}
+
+QStringList OldDatabaseTest::safetyCopies() const {
+    return QDir(home()).entryList({u"KOLIBRI_Daten-Sicherheitskopie-*"_s}, QDir::Files);
 }
 
 } // namespace kolibri::test

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QString>
+#include "core/mdlAllgemein.h"
+#include "core/mdlGlobal.h"
+#include "support/test_base.h"
 
-namespace kolibri {
-class Connection;
-}
+#include <QString>
 
 namespace kolibri::test {
 
@@ -14,5 +14,19 @@ void makeFirstVersion(Connection& conn);
 
 void dropTable(Connection& conn, const QString& table);
 void dropColumn(Connection& conn, const QString& table, const QString& column);
+
+/// Base of the tests that start the program on an older file.
+class OldDatabaseTest : public TestBase {
+protected:
+    /// Starts the program as far as the database goes.
+    void start();
+    /// The safety copies beside the database.
+    QStringList safetyCopies() const;
+
+    template <class F> void inDatabase(F work) {
+        const DbSession session(QStringLiteral("Test"));
+        work(Global().Conn);
+    }
+};
 
 } // namespace kolibri::test

@@ -128,6 +128,11 @@ void Program::waitForBox(const QString& beginning) {
         qFatal("the box \"%s\" does not come, but \"%s\" is there", qPrintable(beginning), qPrintable(box()));
 }
 
+void Program::waitForDialog() {
+    if (!QTest::qWaitFor([&] { return ask(u"dialog"_s).toBool(); }, kPatience))
+        qFatal("no file dialog comes");
+}
+
 bool Program::waitForEnd() {
     return m_process.waitForFinished(kPatience) && m_process.exitStatus() == QProcess::NormalExit
            && m_process.exitCode() == 0;

@@ -43,6 +43,8 @@ public:
     void waitForWindow(const QString& name);
     /// Waits until a message box with this beginning is there.
     void waitForBox(const QString& beginning);
+    /// Waits until a file dialog is there.
+    void waitForDialog();
     /// Waits for the end of the program. False when it does not end by itself, or not well.
     bool waitForEnd();
 

@@ -93,7 +93,8 @@ protected:
     QString home() const { return m_home->path(); }
     /// A folder of the test's own beside it.
     QString scratch() const;
-    /// Makes an empty database in the base folder and points DB_Pfad to it.
+    /// Puts an empty database into the base folder, where DB_Pfad points; made once per test program and
+    /// copied.
     void useEmptyDatabase();
     /// Makes the sample school there; made once per test program and copied.
     void useSampleSchool(int pupils = 320);

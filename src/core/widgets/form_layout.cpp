@@ -108,6 +108,11 @@ QScrollArea* fieldArea(QWidget* fields) {
     area->setWidget(fields);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
+    // The keyboard goes from field to field, and the area follows.
+    area->setFocusPolicy(Qt::NoFocus);
+    // The ground of what is around it goes on behind the fields.
+    area->viewport()->setAutoFillBackground(false);
+    fields->setAutoFillBackground(false);
     return area;
 }
 
@@ -121,9 +126,19 @@ QSplitter* listBesideFields(QWidget* list, QWidget* fields) {
     return splitter;
 }
 
+QSize roomOnScreen(const QWidget& form) {
+    constexpr qreal kWidth = 0.98;
+    constexpr qreal kHeight = 0.94;
+    const QSizeF screen = form.screen()->availableSize();
+    return QSizeF(screen.width() * kWidth, screen.height() * kHeight).toSize();
+}
+
 void setFirstSize(QWidget& form, int lines) {
+    // Before a style has had its say, everything asks for a little less than it needs.
+    for (QWidget* part : form.findChildren<QWidget*>())
+        part->ensurePolished();
     const QSize wanted(form.sizeHint().width(), lines * form.fontMetrics().lineSpacing());
-    form.resize(wanted.boundedTo(form.screen()->availableSize()));
+    form.resize(wanted.boundedTo(roomOnScreen(form)));
 }
 
 } // namespace kolibri

@@ -53,7 +53,10 @@ QScrollArea* fieldArea(QWidget* fields);
 /// room there is more.
 QSplitter* listBesideFields(QWidget* list, QWidget* fields);
 
-/// Gives a form its first size: as wide as its content asks for, so many lines high, within the screen.
+/// What a window may take of the screen, so that the edges and the title that the desktop adds stay on it.
+QSize roomOnScreen(const QWidget& form);
+/// Gives a form its first size: as wide as its content asks for, so many lines high, and with its edges
+/// within the screen.
 void setFirstSize(QWidget& form, int lines);
 
 } // namespace kolibri

@@ -4,6 +4,7 @@
 #include "core/widgets/theme.h"
 
 #include <QKeyEvent>
+#include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +23,7 @@ void ListSearch::start(const QString& text) {
         markFrom(m_list.currentIndex().row() + 2);
         return;
     }
+    m_before = m_list.selectedItems().isEmpty() ? QString() : m_list.key(m_list.currentIndex().row() + 1);
     setText(text);
     setErrorColour(this, false);
     place();
@@ -55,6 +57,15 @@ void ListSearch::leave() {
     m_list.setFocus();
 }
 
+void ListSearch::putBack() {
+    const QSignalBlocker blocker(m_list);
+    const int row = m_before.isEmpty() ? 0 : m_list.rowOfKey(m_before);
+    if (QTreeWidgetItem* item = m_list.topLevelItem(row - 1))
+        m_list.setCurrentItem(item);
+    else
+        m_list.clearSelection();
+}
+
 void ListSearch::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_F3:
@@ -63,11 +74,13 @@ void ListSearch::keyPressEvent(QKeyEvent* event) {
         return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
+        m_before = m_list.key(m_list.currentIndex().row() + 1);
         leave();
         m_list.choose();
         return;
     case Qt::Key_Escape:
         leave();
+        putBack();
         return;
     default:
         QLineEdit::keyPressEvent(event);
@@ -76,8 +89,10 @@ void ListSearch::keyPressEvent(QKeyEvent* event) {
 
 void ListSearch::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    if (!m_marking)
-        hide();
+    if (m_marking)
+        return;
+    hide();
+    putBack();
 }
 
 } // namespace kolibri

@@ -9,6 +9,7 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSignalBlocker>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -79,18 +80,25 @@ void ListView::setColumns(const std::vector<ListColumn>& columns) {
 void ListView::applyWidths() {
     constexpr int kThinnest = 1;
     const int character = fontMetrics().averageCharWidth();
+    m_wantedWidth = 0;
     for (std::size_t i = 0; i < m_columns.size(); ++i) {
         const int column = static_cast<int>(i);
         const int heading = header()->sectionSizeHint(column);
-        header()->resizeSection(column, m_columns[i].characters == kHiddenColumn
-                                            ? kThinnest
-                                            : std::max(heading, m_columns[i].characters * character));
+        const int width = m_columns[i].characters == kHiddenColumn
+                              ? kThinnest
+                              : std::max(heading, m_columns[i].characters * character);
+        header()->resizeSection(column, width);
+        m_wantedWidth += width;
     }
+    updateGeometry();
 }
 
 QSize ListView::sizeHint() const {
-    const int besides = verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
-    return {header()->length() + besides, QTreeWidget::sizeHint().height()};
+    // A splitter takes its handle from the widgets beside it.
+    const int besides = verticalScrollBar()->sizeHint().width() + 2 * frameWidth()
+                        + style()->pixelMetric(QStyle::PM_SplitterWidth, nullptr, this);
+    // Not what the header measures: its last column takes all the room that the list happens to have.
+    return {m_wantedWidth + besides, QTreeWidget::sizeHint().height()};
 }
 
 void ListView::setRows(const std::vector<ListRow>& rows) {

@@ -70,6 +70,8 @@ private:
     void applyWidths();
 
     std::vector<ListColumn> m_columns;
+    /// What the columns ask for together.
+    int m_wantedWidth = 0;
     std::function<void(const QString&)> m_chosen;
     ListSearch* m_search;
     /// Direction of the last sort; a rebuilt list begins anew.

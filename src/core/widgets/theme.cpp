@@ -95,6 +95,11 @@ void applyTheme() {
     if (QApplication::style()->name() == u"fusion"_s) {
         setInUse(palette, QPalette::Highlight, accent);
         setInUse(palette, QPalette::HighlightedText, isDark(palette) ? QColor::fromRgb(kInk) : Qt::white);
+        // What cannot be changed must still be read: it is what the office is about to delete.
+        constexpr qreal kFaded = 0.4;
+        palette.setColor(QPalette::Disabled, QPalette::Text,
+                         blended(palette.color(QPalette::Active, QPalette::Text),
+                                 palette.color(QPalette::Active, QPalette::Window), kFaded));
     }
     QApplication::setPalette(palette);
 }

@@ -19,7 +19,8 @@ namespace {
 QComboBox* choiceBox(const QString& name) {
     auto* box = new QComboBox;
     box->setObjectName(name);
-    box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    constexpr int kLetters = 18;
+    box->setMinimumContentsLength(kLetters);
     return box;
 }
 
@@ -66,6 +67,10 @@ void frmListeNotizen::Prepare() {
     offer(*cmbTag, noteDays(), m_indices[1]);
     offer(*cmbME_LZ_AG, choices, m_indices[2]);
     cmbKlasse->setFocus();
+    // The label of the other mode may be longer than the form is wide.
+    lblME_LZ_AG->parentWidget()->layout()->activate();
+    layout()->activate();
+    resize(size().expandedTo(sizeHint()));
 }
 
 void frmListeNotizen::ok() {

@@ -7,8 +7,10 @@
 #include "lists/row_codes.h"
 #include "students/overlap_check.h"
 
-#include <algorithm>
+#include <QHash>
+
 #include <limits>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -29,16 +31,35 @@ QString pupilStatement() {
     return u"SELECT "_s + fields.join(u", "_s) + u" FROM Stammdaten WHERE aktiv = true"_s;
 }
 
-/// Puts the minutes that stand in a text into their place; a text without them leaves the place as it is.
-void readMinutes(qint16& place, int (*convert)(const QString&), const QString& text) {
+/// The minutes that stand in a text; nothing when they cannot be read.
+std::optional<qint16> minutesIn(int (*convert)(const QString&), const QString& text) {
     try {
         const int minutes = convert(text);
-        if (minutes <= std::numeric_limits<qint16>::max())
-            place = static_cast<qint16>(minutes);
+        return minutes <= std::numeric_limits<qint16>::max() ? std::optional(static_cast<qint16>(minutes))
+                                                             : std::nullopt;
     } catch (const RuntimeError&) {
-        return;
+        return std::nullopt;
     }
 }
+
+/// Begin and end of the texts in the pupils' cells. A school has few of them, and each stands in many cells.
+class CellTimes {
+public:
+    struct Range {
+        std::optional<qint16> von;
+        std::optional<qint16> bis;
+    };
+
+    const Range& of(const QString& text) {
+        const auto known = m_ranges.constFind(text);
+        return known != m_ranges.constEnd() ? *known
+                                            : *m_ranges.insert(text, {minutesIn(ZeitVonMinuten, text),
+                                                                      minutesIn(ZeitBisMinuten, text)});
+    }
+
+private:
+    QHash<QString, Range> m_ranges;
+};
 
 class OverlapGatherer {
 public:
@@ -64,8 +85,9 @@ private:
             m_minutes.GR_Leer[group] = cell.isEmpty();
             if (cell.isEmpty())
                 continue;
-            readMinutes(m_minutes.GR_Von[group], ZeitVonMinuten, cell);
-            readMinutes(m_minutes.GR_Bis[group], ZeitBisMinuten, cell);
+            const auto& [von, bis] = m_times.of(cell);
+            m_minutes.GR_Von[group] = von.value_or(m_minutes.GR_Von[group]);
+            m_minutes.GR_Bis[group] = bis.value_or(m_minutes.GR_Bis[group]);
         }
     }
 
@@ -73,7 +95,7 @@ private:
         const std::array<qint16*, kClassTimes> places{&m_teaching.U_Beginn, &m_teaching.U_Ende,
                                                       &m_teaching.U_BeginnNM, &m_teaching.U_EndeNM};
         for (std::size_t i = 0; i < places.size(); ++i)
-            readMinutes(*places[i], ZeitBisMinuten, day.Zeiten[i]);
+            *places[i] = minutesIn(ZeitBisMinuten, day.Zeiten[i]).value_or(*places[i]);
         m_day = day;
     }
 
@@ -113,6 +135,7 @@ private:
 
     ListState& m_liste;
     ClassWeeks m_classes;
+    CellTimes m_times;
     std::array<QString, kGruppen> m_cells;
     GruppenZeiten m_minutes;
     TeachingMinutes m_teaching;

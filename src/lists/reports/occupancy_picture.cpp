@@ -131,6 +131,7 @@ void writeHead(PageWriter& page, const ListState& liste, const QString& title) {
     page.line(u"<style>");
     page.line(u"body {font-family: Arial, sans-serif; color: #000; background: #fff; margin: 20px 40px;}");
     page.line(u"h1 {font-size: 1.3em; text-align: center;}");
+    page.line(u"p {font-size: 14px;}");
     page.line(u"h2 {font-size: 16px; margin: 18px 0 2px 0;}");
     page.line(u"section {break-inside: avoid; page-break-inside: avoid;}");
     page.line(u"svg {display: block; width: %1pt; max-width: 100%; height: auto;}"_s.arg(
@@ -143,7 +144,9 @@ void writeHead(PageWriter& page, const ListState& liste, const QString& title) {
     page.line(u".zuviel {fill: url(#schraffur); stroke: #c00000; stroke-width: 1;}");
     page.line(u".voll {fill: #c00000;}");
     page.line(u".trenner {stroke: #d0d0d0; stroke-width: 1;}");
-    page.line(u"</style></head><body>");
+    page.line(u"</style></head>");
+    // In capitals like on every page: the footer of the printed sheet is put in behind it.
+    page.line(u"<BODY>");
     page.line({u"<h1>", title, u"</h1>"});
     page.line({u"<p>Belegte und maximale Plätze, Stand: ", liste.ListenDatum.toString(u"dd.MM.yyyy"_s),
                u". Nur Klassen A bis D, ohne Schulanfänger.</p>"});
@@ -199,7 +202,7 @@ QString writeOccupancyPicture() {
     if (!liste.Belegung.Angebote.empty())
         for (int day = 0; day < kSchoolDays; ++day)
             picture.writeDay(day);
-    page.line(u"</body></html>");
+    page.line(u"</BODY></html>");
     page.flush();
     if (!file.commit())
         failed();

@@ -20,12 +20,12 @@ public:
 
     /// Counts the rows of each condition, which has one "?" for the value; a row that meets two counts twice.
     void add(const QStringList& conditions, const QString& value) {
-        QStringList counts;
+        QStringList parts;
         for (const auto& condition : conditions) {
-            counts << u"COUNT(CASE WHEN %1 THEN 1 END)"_s.arg(condition);
+            parts << u"CASE WHEN %1 THEN 1 ELSE 0 END"_s.arg(condition);
             m_values << value;
         }
-        m_columns << counts.join(u" + "_s);
+        m_columns << u"SUM(%1)"_s.arg(parts.join(u" + "_s));
     }
     /// For each offering a column for each weekday.
     void addWeeks(const QString& gr, const QStringList& keys, const QString& besides = {}) {
@@ -38,7 +38,7 @@ public:
             u"SELECT "_s + m_columns.join(u", "_s) + u" FROM Stammdaten"_s + fromStammdaten, m_values);
     }
 
-    /// Count `number` of the current row.
+    /// Count `number` of the current row; no sum at all when there was no pupil.
     int count(const Recordset& rs, int number) const { return rs.Value(m_first + number).toInt(); }
     /// The counts of offering `number` of the current row.
     WeekCounts week(const Recordset& rs, int number) const {

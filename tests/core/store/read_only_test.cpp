@@ -5,8 +5,8 @@
 #include "core/store/connection.h"
 #include "core/widgets/application.h"
 #include "plain_sqlite.h"
-#include "probe.h"
 #include "store_support.h"
+#include "support/probe.h"
 #include "support/test_base.h"
 
 #include <QStandardPaths>

@@ -4,8 +4,8 @@
 #include "core/mdlGlobal.h"
 #include "core/store/connection.h"
 #include "core/widgets/application.h"
-#include "probe.h"
 #include "store_support.h"
+#include "support/probe.h"
 #include "support/test_base.h"
 
 #include <QElapsedTimer>

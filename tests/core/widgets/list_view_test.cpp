@@ -88,6 +88,17 @@ private Q_SLOTS:
         QCOMPARE(view.font().families(), QStringList{u"Arial"_s});
     }
 
+    void aListAsksForTheWidthOfItsColumnsHoweverWideItIs() {
+        ListView view(u"lvwTest"_s, u"Testliste"_s);
+        view.setColumns({{u"ID"_s, kHiddenColumn}, {u"Zeit"_s, 20}});
+        const int wanted = view.sizeHint().width();
+        QVERIFY(wanted < 40 * view.fontMetrics().averageCharWidth());
+        QVERIFY(wanted > 20 * view.fontMetrics().averageCharWidth());
+        view.resize(1000, 300);
+        view.show();
+        QCOMPARE(view.sizeHint().width(), wanted);
+    }
+
     void aHeadingIsNeverCutOff() {
         auto& view = list();
         view.setColumns({{u"Eine sehr lange Überschrift über einer schmalen Spalte"_s, 2}, {u"B"_s, 2}});
@@ -323,6 +334,32 @@ private Q_SLOTS:
         QVERIFY(!searchBox(view).isVisible());
         QVERIFY(view.hasFocus());
         QCOMPARE(m_chosen, QStringList());
+    }
+
+    void aSearchThatIsGivenUpMarksTheChosenRowAgain() {
+        auto& view = list();
+        clickRow(view, 1);
+        view.startSearch(u"ar"_s);
+        QCOMPARE(view.currentItem()->text(kName), u"arzt"_s);
+        QTest::keyClick(&searchBox(view), Qt::Key_Escape);
+        QCOMPARE(view.selectedItems().value(0)->text(kName), u"Zöbl"_s);
+        QCOMPARE(m_chosen, QStringList{u"00003"_s});
+    }
+
+    void aSearchThatIsGivenUpMarksNothingWhereNothingWasChosen() {
+        auto& view = list();
+        view.startSearch(u"ar"_s);
+        QTest::keyClick(&searchBox(view), Qt::Key_Escape);
+        QCOMPARE(view.selectedItems().size(), 0);
+    }
+
+    void aSearchThatIsLeftMarksTheChosenRowAgain() {
+        auto& view = list();
+        clickRow(view, 1);
+        view.startSearch(u"ar"_s);
+        view.setFocus();
+        QVERIFY(!searchBox(view).isVisible());
+        QCOMPARE(view.selectedItems().value(0)->text(kName), u"Zöbl"_s);
     }
 
     void whatIsNotFoundIsShownAsAnError() {

@@ -59,6 +59,9 @@ private:
         QVERIFY(contrast(text, noticeColour(palette)) > kReadable);
         QVERIFY(contrast(palette.color(QPalette::HighlightedText), palette.color(QPalette::Highlight))
                 > kReadable);
+        QVERIFY(contrast(palette.color(QPalette::Disabled, QPalette::Text),
+                         palette.color(QPalette::Disabled, QPalette::Base))
+                > kReadable);
     }
 
 private Q_SLOTS:

@@ -6,15 +6,18 @@
 
 namespace kolibri::test {
 
-/// A second process that works on a database file; see tests/probes/store_probe.cpp for its verbs.
+/// A second process that works on a database; see tests/probes for what the programs take and say.
 class Probe {
 public:
     /// Longest time that a probe may take to say its next line.
     static constexpr int kPatience = 120'000;
 
-    /// `prefix` is a command that starts the probe as somebody else.
-    explicit Probe(const QStringList& arguments, QStringList prefix = {}) {
-        prefix << QStringLiteral(KOLIBRI_BIN_DIR "/store_probe") << arguments;
+    /// Starts the probe of the store; `prefix` is a command that starts it as somebody else.
+    explicit Probe(const QStringList& arguments, const QStringList& prefix = {})
+        : Probe(QStringLiteral("store_probe"), arguments, prefix) {}
+    /// Starts another probe.
+    Probe(const QString& program, const QStringList& arguments, QStringList prefix = {}) {
+        prefix << QStringLiteral(KOLIBRI_BIN_DIR "/") + program << arguments;
         m_process.setProgram(prefix.takeFirst());
         m_process.setArguments(prefix);
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
