@@ -27,8 +27,10 @@ QString fridayColumn(quint8 listenArt) {
 }
 
 void readFriday(const QString& column) {
-    const Recordset rs = Global().Conn.Open(u"SELECT COUNT(*) FROM Stammdaten WHERE %1 <> ''"_s.arg(column));
-    Liste().FreitagBelegt = rs.Value(0).toLongLong() >= 1;
+    // Length rather than comparison with '': every comparison of texts asks the German rules.
+    const Recordset rs =
+        Global().Conn.Open(u"SELECT ID FROM Stammdaten WHERE LENGTH(%1) > 0 LIMIT 1"_s.arg(column));
+    Liste().FreitagBelegt = !rs.Eof();
 }
 
 } // namespace

@@ -46,6 +46,13 @@ private Q_SLOTS:
             // These entries are not seen, but they open their form.
             row(u"mnuListentext"_s + kind, u"frmListentext"_s, kind, u"Listentexte"_s);
         }
+        row(u"mnuListeMensaKlasse"_s, u"frmME_LZ_Anzeigen"_s, {}, u"LISTE MENSA"_s);
+        row(u"mnuListeMensaEinheit"_s, u"frmME_LZ_Anzeigen"_s, {}, u"LISTE MENSA"_s);
+        row(u"mnuListeLernzeitKlassenGruppiert"_s, u"frmME_LZ_Anzeigen"_s, {}, u"LISTE LERNZEIT"_s);
+        row(u"mnuListeMensaNachKlasse"_s, u"frmME_jeSchüler"_s, {}, u"MENSA je Schüler"_s);
+        row(u"mnuMensaIndividuell"_s, u"frmME_Individuell"_s, {}, u"MENSA INDIVIDUELL"_s);
+        row(u"mnuListeArbeitsgruppen"_s, u"frmAG_Anzeigen"_s, {}, u"LISTE ARBEITSGRUPPE"_s);
+        row(u"mnuTagesplan"_s, u"frmWochenplan"_s, {}, u"Tagesplan"_s);
         const QList<std::pair<QString, QString>> units{
             {u"Neu"_s, u"Neueingabe"_s}, {u"Korrektur"_s, u"Korrigieren"_s}, {u"Löschen"_s, u"Löschen"_s}};
         for (const auto& [action, word] : units)

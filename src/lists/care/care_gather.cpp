@@ -15,6 +15,14 @@ using namespace Qt::StringLiterals;
 namespace kolibri {
 namespace {
 
+/// A pupil who may stand in a table, with what he holds on each day.
+struct CarePupil {
+    qint64 id = 0;
+    QString vorname;
+    QString nachname;
+    std::array<QString, kSchoolDays> cells;
+};
+
 /// The pupils of an offering that a table is about, and their order.
 struct CarePupils {
     QString condition;
@@ -42,9 +50,10 @@ public:
         int highest = first;
         std::array<int, kSchoolDays> sums{};
         const int days = m_liste.FreitagBelegt ? kSchoolDays : kSchoolDays - 1;
+        const auto found = readPupils(zeitKName, pupils);
         for (int day = 0; day < days; ++day) {
             m_liste.ZeilenNr = first;
-            sums[static_cast<std::size_t>(day)] = addDay(day, zeitKName, pupils);
+            sums[static_cast<std::size_t>(day)] = addDay(day, zeitKName, found);
             highest = std::max(highest, m_liste.ZeilenNr);
         }
         m_liste.ZeilenNr = highest;
@@ -60,25 +69,51 @@ public:
 private:
     static int nameColumn(int day) { return 2 * day + 1; }
 
-    /// The pupils of a weekday below each other. Returns their number.
-    int addDay(int day, const QString& zeitKName, const CarePupils& pupils) {
+    /// The active pupils of a table, read once for the whole week: comparing texts by the German rules is
+    /// what takes time in a large school.
+    std::vector<CarePupil> readPupils(const QString& zeitKName, const CarePupils& pupils) const {
+        std::vector<CarePupil> found;
         // Where no offering is chosen, those without any must not be taken for its pupils.
         if (zeitKName.isEmpty())
-            return 0;
-        const QString tag = TagCode(day);
-        const QString select = u"SELECT ID, SCH_Vorname, SCH_Name FROM Stammdaten WHERE %1_%2 = ?%3 AND "
-                               "aktiv = true ORDER BY %4"_s;
-        Recordset rs = Global().Conn.Open(select.arg(m_group, tag, pupils.condition, pupils.order),
-                                          QVariantList{zeitKName} + pupils.values);
+            return found;
+        QStringList columns;
+        QStringList held;
+        QVariantList values = pupils.values;
+        for (int day = 0; day < kSchoolDays; ++day) {
+            columns << m_group + u'_' + TagCode(day);
+            held << columns.back() + u" = ?"_s;
+            values << zeitKName;
+        }
+        const QString select =
+            u"SELECT ID, SCH_Vorname, SCH_Name, %1 FROM Stammdaten WHERE aktiv = true%2 AND "
+            "(%3) ORDER BY %4"_s;
+        Recordset rs = Global().Conn.Open(
+            select.arg(columns.join(u", "_s), pupils.condition, held.join(u" OR "_s), pupils.order), values);
         for (; !rs.Eof(); rs.MoveNext()) {
+            CarePupil pupil{rs.Value(0).toLongLong(), rs.Text(1), rs.Text(2), {}};
+            for (int day = 0; day < kSchoolDays; ++day)
+                pupil.cells[static_cast<std::size_t>(day)] = rs.Text(3 + day);
+            found.push_back(std::move(pupil));
+        }
+        return found;
+    }
+
+    /// The pupils of a weekday below each other. Returns their number.
+    int addDay(int day, const QString& zeitKName, const std::vector<CarePupil>& pupils) {
+        const QString tag = TagCode(day);
+        int number = 0;
+        for (const auto& pupil : pupils) {
+            if (!sameText(pupil.cells[static_cast<std::size_t>(day)], zeitKName))
+                continue;
             const int row = m_liste.ZeilenNr;
             m_liste.ZeilenCode(row) = kCodeDaten;
-            Name_Formatieren(rs.Text(1), rs.Text(2), nameColumn(day), kNamesMensaLernzeit);
-            if (const auto* note = noteOf(rs.Value(0).toLongLong(), tag, zeitKName))
+            Name_Formatieren(pupil.vorname, pupil.nachname, nameColumn(day), kNamesMensaLernzeit);
+            if (const auto* note = noteOf(pupil.id, tag, zeitKName))
                 m_liste.Daten(nameColumn(day) + 1, row) = note->notiz;
             m_liste.naechsteZeile();
+            ++number;
         }
-        return rs.RecordCount();
+        return number;
     }
 
     const AssignmentNote* noteOf(qint64 pupil, const QString& tag, const QString& zeitKName) const {

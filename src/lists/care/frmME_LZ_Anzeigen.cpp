@@ -28,7 +28,7 @@ namespace {
 /// The kinds of list that optListe offers, by index.
 const std::array<std::pair<QString, CareVariant>, 3>& variants() {
     static const std::array<std::pair<QString, CareVariant>, 3> table{
-        {{u"K&lasse"_s, kEineKlasse},
+        {{u"Kla&sse"_s, kEineKlasse},
          {u"Klassen &gruppiert"_s, kKlassenGruppiert},
          {u"M&E/LZ"_s, kEinheiten}}};
     return table;
@@ -98,9 +98,9 @@ QWidget* frmME_LZ_Anzeigen::buildMarks() {
         part->addWidget(chooseAllBox(box, caption, *list));
         line->addLayout(part, stretch);
     };
-    add(lstME_LZ, u"chkME_LZ_Y_N"_s, u"Aktivi&eren J/N"_s, 1);
+    add(lstME_LZ, u"chkME_LZ_Y_N"_s, u"Akt&ivieren J/N"_s, 1);
     add(lstKlasse, u"chkKlassen_Y_N"_s, u"&Aktiv J/N"_s, 0);
-    add(lstSchulstufe, u"chkSchulstufe_Y_N"_s, u"Akti&vieren J/N"_s, 0);
+    add(lstSchulstufe, u"chkSchulstufe_Y_N"_s, u"Aktivie&ren J/N"_s, 0);
     frame->addWide(lists);
     auto* hint = new QLabel(u"Die Liste zeigt immer alle Klassen und Schulstufen."_s);
     hint->setObjectName(u"lblHinweis"_s);

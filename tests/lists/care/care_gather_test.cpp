@@ -101,6 +101,15 @@ private Q_SLOTS:
         QCOMPARE(Liste().Daten(1, 5), u"3"_s);
     }
 
+    // The store knows no case, so a key that an older version wrote in small letters is the same.
+    void aKeyInSmallLettersIsTheSame() {
+        useEmptyDatabase();
+        useNames();
+        addPupil(u"N"_s, u"Anna"_s, u"2a"_s, {{u"GR1_MO"_s, u"13:00 - 13:45 me1"_s}});
+        choose(kEineKlasse, u"2A"_s);
+        QCOMPARE(gathered(kListeMensa).filter(u"Anna N"_s).size(), 1);
+    }
+
     void onlyActivePupilsStandInTheList() {
         useEmptyDatabase();
         addPupil(u"A"_s, u"A"_s, u"2a"_s, {{u"GR1_MO"_s, kMensa}, {u"aktiv"_s, false}});

@@ -116,6 +116,31 @@ private Q_SLOTS:
         QCOMPARE(bodyLines().filter(u">FR</TD>"_s).size(), 3);
     }
 
+    void sixtyClassesFitOnAPageAndNoMore() {
+        useEmptyDatabase();
+        {
+            const DbSession session(u"Test"_s);
+            Transaction transaction(Global().Conn);
+            for (int grade = 1; grade <= 60; ++grade)
+                Global().Conn.AddNew(u"Klassen"_s).Set(u"Klasse"_s, u"%1a"_s.arg(grade)).Update();
+            transaction.Commit();
+        }
+        auto& window = form<frmME_jeSchüler>();
+        press(window, u"chkKlassen_Y_N"_s);
+        press(window);
+        QCOMPARE(headings().size(), 60);
+        window.hide();
+        addRow(u"Klassen"_s, {{u"Klasse"_s, u"61a"_s}});
+        form<frmME_jeSchüler>();
+        press(window, u"chkKlassen_Y_N"_s);
+        press(window, u"chkKlassen_Y_N"_s);
+        doorsOfTest.expectBeginning(u"Laufzeitfehler '9'"_s);
+        press(window);
+        QCOMPARE(doorsOfTest.pages().size(), std::size_t(1));
+        // The page of before stands untouched.
+        QCOMPARE(headings().size(), 60);
+    }
+
     void withTimeACellShowsTheTimeAboveTheName() {
         useSchool();
         auto& window = form<frmME_jeSchüler>();

@@ -252,6 +252,21 @@ private Q_SLOTS:
         QCOMPARE(attendance(u"Anna Abel"_s), QStringList(6, QString()));
     }
 
+    void moreThanSixteenClassesOnADateOnlyTheFirstSixteenCount() {
+        useSchool();
+        for (char letter = 'a'; letter <= 'n'; ++letter)
+            addRow(u"Klassen"_s, {{u"Klasse"_s, u"0"_s + QChar::fromLatin1(letter)}, {u"Tag"_s, u"MO"_s}});
+        addDates(1, {}, {u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s, u"6"_s});
+        auto& window = form();
+        chooseEntry(window, u"cmbAG"_s, kChoirMonday);
+        press(window, u"imgAuswahlAlle(0)"_s);
+        // Fourteen classes stand in front of 1a and 1b, which are the last that count.
+        QCOMPARE(selectedOf(absence(window, 0)).indexOf(u"2a"_s), 16);
+        press(window);
+        QCOMPARE(attendance(u"Aaron Cohn"_s).first(), u"------"_s);
+        QCOMPARE(attendance(u"Ben Bär"_s).first(), QString());
+    }
+
     void aPupilWithTheGroupInTwoSlotsShowsOnce() {
         useSchool();
         auto& window = form();
