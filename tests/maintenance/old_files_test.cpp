@@ -2,6 +2,7 @@
 // with. What must come out is computed here from what is known to be in them, rule by rule, without the
 // program's help.
 
+#include "calendar/capacity_plan.h"
 #include "core/frmEinstellungen.h"
 #include "core/frmStart.h"
 #include "core/frmStart_targets.h"
@@ -241,6 +242,16 @@ private:
         return OldSchool(name);
     }
 
+    /// An occupancy needs to know how many places there are, which these files do not tell.
+    static void enterPlaces(OfferingKind kind) {
+        auto lines = Belegungsplan_lesen(kind);
+        for (auto& line : lines) {
+            line.Plätze.fill(u"30"_s);
+            line.Gesamt = u"120"_s;
+        }
+        Belegungsplan_speichern(kind, lines);
+    }
+
     /// What the office would choose in the option form of a list.
     static void chooseForList(quint8 listenArt) {
         auto& liste = Liste();
@@ -256,6 +267,8 @@ private:
         liste.MensaSchueler.lstKlassen = liste.MensaSchueler.lstKlassenIndividuell = Global().KlassenListe;
         liste.MensaSchueler.cmbMensa = u"Mensa 1. Schicht"_s;
         liste.BlattSchuelerID = 4;
+        enterPlaces(OfferingKind::Mensa);
+        enterPlaces(OfferingKind::Lernzeit);
     }
 
     QByteArray log(const QString& kind) const {
