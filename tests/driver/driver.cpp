@@ -167,6 +167,8 @@ public:
                            [this] { m_socket.connectToServer(qEnvironmentVariable("KOLIBRI_DRIVER")); });
     }
 
+    ~Driver() override { m_socket.disconnect(this); }
+
 private:
     void read() {
         while (m_socket.canReadLine()) {

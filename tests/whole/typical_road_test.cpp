@@ -26,7 +26,8 @@ QString value(const QString& select) {
     return rs.Eof() ? u"<nichts>"_s : rs.Text(0);
 }
 
-/// Gives one pupil of a class a name of his own and a free week. @returns the class
+/// Gives one pupil of a class a name of his own, in both places because lists may shorten one, and a free
+/// week. @returns the class
 QString preparePupil() {
     const QString id =
         value(u"SELECT ID FROM Stammdaten WHERE aktiv = true AND Schulstufe > 0 AND NichtOG = false"
@@ -36,9 +37,9 @@ QString preparePupil() {
         for (int day = 0; day < kSchoolDays; ++day)
             cells << u"GR%1_%2 = ''"_s.arg(QString::number(group), TagCode(day));
     const DbSession session(u"Vorbereiten"_s);
-    Global().Conn.Execute(u"UPDATE Stammdaten SET SCH_Name = ?, "_s + cells.join(u", "_s)
+    Global().Conn.Execute(u"UPDATE Stammdaten SET SCH_Name = ?, SCH_Vorname = ?, "_s + cells.join(u", "_s)
                               + u" WHERE ID = ?"_s,
-                          {kPupil, id.toInt()});
+                          {kPupil, kPupil, id.toInt()});
     return Global().Conn.Open(u"SELECT Klasse FROM Stammdaten WHERE ID = ?"_s, {id.toInt()}).Text(0);
 }
 
