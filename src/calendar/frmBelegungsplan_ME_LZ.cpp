@@ -11,7 +11,6 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -169,7 +168,7 @@ void frmBelegungsplan_ME_LZ::formHöheAnpassen() {
     m_scroll->setMinimumWidth(lines.width() + m_scroll->verticalScrollBar()->sizeHint().width());
     const int rest = sizeHint().height() - m_scroll->sizeHint().height();
     const QSize wanted(std::max(width(), sizeHint().width()), lines.height() + rest);
-    resize(wanted.boundedTo(screen()->availableSize()));
+    resize(wanted.boundedTo(roomOnScreen(*this)));
 }
 
 void frmBelegungsplan_ME_LZ::zeileFüllen(Line& line, const CapacityLine& content) {

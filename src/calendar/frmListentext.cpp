@@ -9,7 +9,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -129,7 +128,7 @@ void frmListentext::formFormatieren() {
     m_offeringLabel->setText(m_kind == OfferingKind::Mensa ? u"&ME:"_s : u"&LZ:"_s);
     // Wide enough for a line of text as a list shows it.
     const QSize wanted(kTextCharacters * fontMetrics().averageCharWidth(), 0);
-    resize(sizeHint().expandedTo(wanted).boundedTo(screen()->availableSize()));
+    resize(sizeHint().expandedTo(wanted).boundedTo(roomOnScreen(*this)));
 }
 
 void frmListentext::auswahlFüllen() {

@@ -37,12 +37,7 @@ private:
     }
 
     static QComboBox& combo(FormWindow& form, const QString& name) { return control<QComboBox>(form, name); }
-    static QStringList entries(FormWindow& form, const QString& name) {
-        QStringList texts;
-        for (int i = 0; i < combo(form, name).count(); ++i)
-            texts << combo(form, name).itemText(i);
-        return texts;
-    }
+    static QStringList entries(FormWindow& form, const QString& name) { return entriesOf(combo(form, name)); }
 
 private Q_SLOTS:
     void init() {

@@ -64,12 +64,7 @@ private:
     }
 
     static QComboBox& combo(FormWindow& form, const QString& name) { return control<QComboBox>(form, name); }
-    static QStringList entries(FormWindow& form, const QString& name) {
-        QStringList texts;
-        for (int i = 0; i < combo(form, name).count(); ++i)
-            texts << combo(form, name).itemText(i);
-        return texts;
-    }
+    static QStringList entries(FormWindow& form, const QString& name) { return entriesOf(combo(form, name)); }
     static QTextEdit& text(FormWindow& form, int i) { return control<QTextEdit>(form, rtf(i)); }
     static QStringList texts(FormWindow& form) {
         return {text(form, 0).toPlainText(), text(form, 1).toPlainText()};
