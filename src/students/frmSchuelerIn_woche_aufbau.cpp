@@ -79,7 +79,8 @@ SchuelerWoche::SchuelerWoche() {
 }
 
 int SchuelerWoche::captionWidth() const {
-    return fontMetrics().horizontalAdvance(u"UNTERRICHT  BEGINN  "_s);
+    const auto width = [this](const QString& words) { return fontMetrics().horizontalAdvance(words); };
+    return std::max(width(u"UNTERRICHT"_s), width(u"NACHMITTAG"_s)) + width(u"    BEGINN  "_s);
 }
 
 QWidget* SchuelerWoche::buildHeadings() {
