@@ -13,6 +13,7 @@
 #include "students/frmSchuelerIn_woche.h"
 
 #include <QCheckBox>
+#include <QScopeGuard>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -156,12 +157,13 @@ void frmSchülerIn::Check_ZeitÜberschneidungen_Vor_Datenübernahme() {
 void frmSchülerIn::zeitpruefungSchalten(bool an) {
     if (Global().StartLaeuft)
         return;
-    {
-        const DbSession session(u"Zeitprüfung schalten"_s);
-        ZeitpruefungSchalten(an);
-    }
-    m_ampel->schalterZeigen(an);
-    uhrStellen();
+    // Whether the store takes it or not, the switch shows what holds.
+    const auto show = qScopeGuard([this] {
+        m_ampel->schalterZeigen(Global().UeberschneidungPruefen);
+        uhrStellen();
+    });
+    const DbSession session(u"Zeitprüfung schalten"_s);
+    ZeitpruefungSchalten(an);
 }
 
 } // namespace kolibri

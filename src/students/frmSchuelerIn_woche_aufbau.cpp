@@ -79,7 +79,8 @@ SchuelerWoche::SchuelerWoche() {
 }
 
 int SchuelerWoche::captionWidth() const {
-    return fontMetrics().horizontalAdvance(u"UNTERRICHT  BEGINN  "_s);
+    const auto width = [this](const QString& words) { return fontMetrics().horizontalAdvance(words); };
+    return std::max(width(u"UNTERRICHT"_s), width(u"NACHMITTAG"_s)) + width(u"    BEGINN  "_s);
 }
 
 QWidget* SchuelerWoche::buildHeadings() {
@@ -140,7 +141,7 @@ QWidget* SchuelerWoche::buildCell(int gruppe, int tag) {
     cell.cmbGR = new RecordChoice(named(u"cmbGR%1"_s));
     cell.cmbGR->setAccessibleName(place);
     // Room for the begin and half the end of a time; in a narrower window the week scrolls.
-    constexpr int kLetters = 10;
+    constexpr int kLetters = 7;
     cell.cmbGR->setMinimumContentsLength(kLetters);
     connect(cell.cmbGR, &QComboBox::activated, this, [this, gruppe, tag] { gewaehlt(gruppe, tag); });
 

@@ -37,8 +37,10 @@ frmWP_Notizen::frmWP_Notizen()
     setWindowTitle(u"Tagesplan Notizen"_s);
     constexpr std::array<int, kListColumns> kWidths{kHiddenColumn, 18, 18, 11, 5};
     std::vector<ListColumn> columns;
-    for (std::size_t i = 0; i < kWidths.size(); ++i)
-        columns.push_back({SchuelerListenSpalten()[i].kopf, kWidths[i]});
+    for (std::size_t i = 0; i < kWidths.size(); ++i) {
+        const auto& [kopf, sortierung] = SchuelerListenSpalten()[i];
+        columns.push_back({kopf, kWidths[i], sortierung});
+    }
     lvwStammdaten->setColumns(columns);
     lvwStammdaten->onRowChosen([this](const QString& itemText) { zeileGewählt(itemText); });
     auto* column = new QVBoxLayout(this);

@@ -15,15 +15,6 @@ class FrmSchuelerInListTest : public PupilFormTest {
 
     static QStringList names(frmSchülerIn& form) { return cellsOf(listOf(form), kName); }
 
-    static void clickHeading(ListView& list, const QString& heading) {
-        const int column = static_cast<int>(headingsOf(list).indexOf(heading));
-        QHeaderView& header = *list.header();
-        list.horizontalScrollBar()->setValue(header.sectionPosition(column));
-        const QPoint middle(header.sectionViewportPosition(column) + header.sectionSize(column) / 2,
-                            header.height() / 2);
-        QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, middle);
-    }
-
     void setEverybodyInactive() {
         const DbSession session(u"Test"_s);
         Global().Conn.Change(u"Stammdaten"_s, {{u"aktiv"_s, false}});

@@ -334,6 +334,11 @@ private Q_SLOTS:
             QVERIFY(box(form, 1, tag).width() >= box(form, 1, tag).minimumSizeHint().width());
             QCOMPARE(box(form, 7, tag).width(), box(form, 1, tag).width());
         }
+        // On a screen of the usual kind all five days are in sight.
+        form.resize(1024, 700);
+        QCoreApplication::processEvents();
+        const QWidget& last = box(form, 1, kSchoolDays - 1);
+        QVERIFY(last.visibleRegion().boundingRect() == last.rect());
     }
 
     void theRecordStaysInSightInASmallWindow() {

@@ -253,6 +253,17 @@ private Q_SLOTS:
         QCOMPARE(control<QTimer>(form, u"Timer1"_s).interval(), 500);
     }
 
+    void aSwitchThatTheStoreDoesNotTakeGoesBack() {
+        auto& form = openToCorrect();
+        QVERIFY(QFile::remove(DatenbankDatei(home())));
+        doorsOfTest.expectBeginning(u"Zeitprüfung schalten: "_s);
+        check(form, u"chkZÜ"_s);
+        QVERIFY(control<QCheckBox>(form, u"chkZÜ"_s).isChecked());
+        QVERIFY(Global().UeberschneidungPruefen);
+        QVERIFY(shows(form, u"lblAmpel(0)"_s));
+        QVERIFY(control<QTimer>(form, u"Timer1"_s).isActive());
+    }
+
     void theSwitchDoesNothingWhileTheProgramStarts() {
         auto& form = openToCorrect();
         Global().StartLaeuft = true;

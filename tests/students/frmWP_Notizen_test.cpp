@@ -93,6 +93,15 @@ private Q_SLOTS:
         QCOMPARE(list().cell(2, 4), u"3a"_s);
     }
 
+    void theListSortsByAClickOnAHeadingUntilItIsReadAnew() {
+        openNotes(u"Neu"_s);
+        clickHeading(list(), u"KL"_s);
+        clickHeading(list(), u"KL"_s);
+        QCOMPARE(cellsOf(list(), 4).front(), u"4b"_s);
+        openNotes(u"Neu"_s);
+        QCOMPARE(cellsOf(list(), 1), (QStringList{u"Ärger"_s, u"Müller"_s, u"Zander"_s}));
+    }
+
     void theListIsReadAnewEachTimeTheFormIsOpened() {
         openNotes(u"Neu"_s);
         change(3, {{u"aktiv"_s, false}});

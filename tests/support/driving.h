@@ -8,9 +8,11 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTest>
 
 /// What a user does to a form, for the tests of the forms.
@@ -65,6 +67,18 @@ inline void clickRow(ListView& list, int row) {
     // A row with many columns reaches beyond the list.
     const QRect seen = list.visualItemRect(item).intersected(list.viewport()->rect());
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, seen.center());
+}
+
+/// Clicks the heading of a column.
+inline void clickHeading(ListView& list, const QString& heading) {
+    QHeaderView& header = *list.header();
+    int column = 0;
+    while (column < list.columnCount() && list.headerItem()->text(column) != heading)
+        ++column;
+    list.horizontalScrollBar()->setValue(header.sectionPosition(column));
+    const QPoint middle(header.sectionViewportPosition(column) + header.sectionSize(column) / 2,
+                        header.height() / 2);
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, middle);
 }
 
 inline void clickEntry(QListWidget& list, const QString& text) {
