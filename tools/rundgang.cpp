@@ -1,126 +1,100 @@
-// Walks through the windows of the program on the sample school and leaves a picture of each in a folder.
+// Walks through the windows of the program on the sample school, and leaves a picture of each and the lists
+// of the day as PDF in a folder. Called by run.sh where there is no display, and for the pictures of the
+// manual.
 
 #include "core/error_report.h"
+#include "core/frmEinstellungen.h"
 #include "core/frmStart.h"
 #include "core/frmStart_targets.h"
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
 #include "core/widgets/application.h"
 #include "core/widgets/forms.h"
-#include "core/widgets/qt_doors.h"
-#include "lists/frmAnzeige_WEB_Browser.h"
-#include "lists/list_numbers.h"
-#include "lists/list_state.h"
-#include "lists/list_table.h"
-#include "lists/pdf_file.h"
+#include "maintenance/frmExcelDaten.h"
+#include "walk.h"
+#include "walk_controls.h"
+#include "walk_doors.h"
 
+#include <QCommandLineParser>
 #include <QDir>
-#include <QElapsedTimer>
-#include <QImage>
 #include <QTextStream>
-#include <QTimer>
 
 using namespace Qt::StringLiterals;
 using namespace kolibri;
 
 namespace {
 
-/// A walk stops for nothing: what the program would say in a box goes to the terminal, and No is the answer.
-class SpokenMessages final : public MessageDoor {
-public:
-    MessageAnswer show(const MessageBox& box) override {
-        QTextStream(stderr) << box.title << ": " << box.text << '\n' << box.details << '\n';
-        return (box.code & 0x0f) == 4 ? kAnswerNo : kAnswerOk;
-    }
-};
-
-class Walk {
-public:
-    explicit Walk(const QString& folder) : m_folder(folder) {}
-
-    /// Saves a picture of a window as it stands. False when the file cannot be written.
-    bool picture(QWidget& window, const QString& name) {
-        QCoreApplication::processEvents();
-        const QString file = m_folder.filePath(name + u".png"_s);
-        m_pictures += window.grab().save(file) ? 1 : 0;
-        return QFile::exists(file);
-    }
-
-    /// Shows a list with these options, saves a picture of its window and the list as PDF.
-    bool list(quint8 listenArt, const QString& name, const DialogOptions& options = {}) {
-        Liste().Dialog = options;
-        prepareList(listenArt);
-        auto& window = Form<frmAnzeige_WEB_Browser>();
-        window.ShowPage(nullptr);
-        waitUntilPainted(*window.findChild<QWidget*>(u"WebBrowser1"_s));
-        const bool saved = picture(window, name);
-        const QString file = m_folder.filePath(name + u".pdf"_s);
-        savePdf(file, window.Pdf());
-        window.hide();
-        return saved && QFile::exists(file);
-    }
-
-    int pictures() const { return m_pictures; }
-
-private:
-    /// A page is drawn some moments after its window is there.
-    static void waitUntilPainted(QWidget& view) {
-        constexpr int kLongest = 5000;
-        QElapsedTimer waiting;
-        waiting.start();
-        while (waiting.elapsed() < kLongest && isBlank(view.grab().toImage()))
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-
-    static bool isBlank(const QImage& image) {
-        QImage blank(image.size(), image.format());
-        blank.setDevicePixelRatio(image.devicePixelRatio());
-        blank.fill(image.pixel(0, 0));
-        return image == blank;
-    }
-
-    QDir m_folder;
-    int m_pictures = 0;
-};
-
-DialogOptions everyOption() {
-    DialogOptions options;
-    options.chkKontakteNeu = options.chkBaustein = options.chkSchwimmer = options.chkKennung = true;
-    options.chkKlasse = options.chkGebDatum = options.chkBeiträge = true;
-    options.cmbKontakte = {u"Name"_s, u"Telefon"_s, QString()};
-    options.optFormat = PaperOrientation::Across;
-    return options;
+/// The main window as it stands before there is a database, and as it stands every day.
+void showMainWindow(Walk& road, frmStart& start) {
+    auto& folder = Global().DB_Pfad;
+    const QString school = std::exchange(folder, u"/home/buero/Kolibri"_s);
+    start.setState(StartState::WithoutDatabase);
+    start.show();
+    road.picture(start, u"hauptfenster-ohne-datenbank"_s);
+    folder = school;
+    start.setState(StartState::Ready);
+    road.picture(start, u"hauptfenster"_s);
 }
 
-int walk(const QString& folder) {
-    QTextStream out(stdout);
-    Walk road(folder);
+/// Behind its menu entry stands a file dialog, so the window gets its sheet here.
+void showImport(Walk& road, frmStart& start) {
+    auto& form = Form<frmExcelDaten>();
+    form.SetSheet({u"Schüler"_s,
+                   {u"Name"_s, u"Rufname"_s, u"geboren"_s, u"Kl."_s, u"Mutter"_s, u"Telefon"_s},
+                   {{u"Amsel"_s, u"Ida"_s, u"04.03.2018"_s, u"2a"_s, u"Amsel, Ute"_s, u"0123 4567"_s}}});
+    form.ShowOver(&start);
+    const std::vector<Filling> columns{{u"cmbDatenExcel(0)"_s, u"Name"_s},
+                                       {u"cmbDatenExcel(1)"_s, u"Rufname"_s},
+                                       {u"cmbDatenExcel(2)"_s, u"geboren"_s},
+                                       {u"cmbDatenExcel(3)"_s, u"Kl."_s}};
+    for (const auto& column : columns)
+        fill(form, column);
+    road.picture(form, u"excel-import"_s);
+    form.reject();
+}
+
+void walk(Walk& road) {
+    const StartState state = startUp(QCoreApplication::applicationDirPath(), startSteps());
+    if (state != StartState::Ready)
+        throw WalkStopped(u"there is no database in %1"_s.arg(Global().DB_Pfad));
+    inventAddress();
+    Form<frmEinstellungen>();
     auto& start = Form<frmStart>();
-    start.setState(startUp(QCoreApplication::applicationDirPath(), startSteps()));
-    start.show();
-    if (!road.picture(start, u"01-hauptfenster"_s))
-        return EXIT_FAILURE;
-    if (!road.list(kErweiterteListe, u"20-erweiterte-liste"_s, everyOption())
-        || !road.list(kUnterrichtszeiten, u"21-unterrichtszeiten"_s))
-        return EXIT_FAILURE;
-    out << "Beispielschule: " << Global().ConnString << '\n';
-    out << "Bilder der Fenster: " << road.pictures() << " in " << QDir(folder).absolutePath() << '\n';
-    return EXIT_SUCCESS;
+    showMainWindow(road, start);
+    for (const auto& station : stations())
+        road.visit(start, station);
+    showImport(road, start);
+}
+
+void report(const Walk& road, const QDir& folder) {
+    const QString place = QDir::toNativeSeparators(folder.absolutePath());
+    QTextStream out(stdout);
+    out << u"Bilder der Fenster: %1 in %2\n"_s.arg(road.pictures()).arg(place)
+        << u"Listen als PDF: %1 in %2\n"_s.arg(road.lists()).arg(place)
+        << u"Beispielschule: %1\n"_s.arg(DatenbankDatei(Global().DB_Pfad));
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
     Application application(argc, argv);
-    openQtDoors();
-    openPageDoors();
-    doors().messages = std::make_unique<SpokenMessages>();
-    const QString folder = application.arguments().value(1, u"out"_s);
-    if (!QDir().mkpath(folder))
+    QCommandLineParser parser;
+    parser.addOption({u"breite"_s, u"Kein Bild wird breiter."_s, u"N"_s, u"0"_s});
+    parser.addPositionalArgument(u"ORDNER"_s, u"Wohin Bilder und Listen kommen; ohne Angabe out"_s);
+    parser.process(application);
+    const QDir folder(parser.positionalArguments().value(0, u"out"_s));
+    if (!folder.mkpath(u"."_s))
         return EXIT_FAILURE;
+    Walk road(folder, parser.value(u"breite"_s).toInt());
+    openWalkDoors([&road] { road.page(); });
     int result = EXIT_FAILURE;
     try {
-        result = walk(folder);
+        walk(road);
+        report(road, folder);
+        // Told of on the terminal already.
+        result = boxesOfTrouble() == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+    } catch (const WalkStopped& stopped) {
+        QTextStream(stderr) << stopped.what() << '\n';
     } catch (...) {
         reportError(std::current_exception());
     }
