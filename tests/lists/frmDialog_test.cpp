@@ -36,13 +36,6 @@ const QStringList kEverySortWord{u"Nachname"_s,
                                  u"Mitglieds Beitrag"_s,
                                  u"Betreuungs Beitrag"_s};
 
-QStringList entries(const QComboBox& box) {
-    QStringList texts;
-    for (int i = 0; i < box.count(); ++i)
-        texts << box.itemText(i);
-    return texts;
-}
-
 } // namespace
 
 class FrmDialogTest : public TestBase {
@@ -110,13 +103,13 @@ private Q_SLOTS:
         QVERIFY(control<QRadioButton>(window, u"optFiltern(0)"_s).isChecked());
         QVERIFY(control<QRadioButton>(window, u"optFormat(1)"_s).isChecked());
         QVERIFY(!control<QRadioButton>(window, u"optFormat(2)"_s).isChecked());
-        QCOMPARE(entries(box(window, u"cmbSortieren(0)"_s)), QStringList({u"Nachname"_s, u"Vorname"_s}));
+        QCOMPARE(entriesOf(box(window, u"cmbSortieren(0)"_s)), QStringList({u"Nachname"_s, u"Vorname"_s}));
         QCOMPARE(box(window, u"cmbSortieren(1)"_s).currentIndex(), 0);
-        QCOMPARE(entries(box(window, u"cmbFiltern(0)"_s)),
+        QCOMPARE(entriesOf(box(window, u"cmbFiltern(0)"_s)),
                  QStringList({u"Alles auswählen"_s, u"1a"_s, u"2b"_s}));
-        QCOMPARE(entries(box(window, u"cmbFiltern(1)"_s)),
+        QCOMPARE(entriesOf(box(window, u"cmbFiltern(1)"_s)),
                  QStringList({u"Alles auswählen"_s, u"1"_s, u"2"_s}));
-        QCOMPARE(entries(box(window, u"cmbFiltern(2)"_s)),
+        QCOMPARE(entriesOf(box(window, u"cmbFiltern(2)"_s)),
                  QStringList({u"Alles auswählen"_s, u"a"_s, u"b"_s}));
         QCOMPARE(control<QCheckBox>(window, u"chkBeiträge"_s).text().remove(u'&'), u"Beiträge"_s);
     }
@@ -150,8 +143,8 @@ private Q_SLOTS:
         pick(window, u"cmbSortieren(0)"_s, u"Vorname"_s);
         for (const auto& name : {u"chkGebDatum"_s, u"chkKlasse"_s, u"chkKontakteNeu"_s, u"chkBeiträge"_s})
             tick(window, name);
-        QCOMPARE(entries(box(window, u"cmbSortieren(0)"_s)), kEverySortWord);
-        QCOMPARE(entries(box(window, u"cmbSortieren(1)"_s)), kEverySortWord);
+        QCOMPARE(entriesOf(box(window, u"cmbSortieren(0)"_s)), kEverySortWord);
+        QCOMPARE(entriesOf(box(window, u"cmbSortieren(1)"_s)), kEverySortWord);
         QCOMPARE(box(window, u"cmbSortieren(0)"_s).currentText(), u"Vorname"_s);
         pick(window, u"cmbSortieren(0)"_s, u"Klasse"_s);
         tick(window, u"chkKlasse"_s);
@@ -166,7 +159,7 @@ private Q_SLOTS:
             auto& categories = box(window, u"cmbKontakte(%1)"_s.arg(i));
             QVERIFY(categories.isVisible());
             QCOMPARE(categories.currentText(), QString());
-            QCOMPARE(entries(categories).mid(1), columnOf(u"KategorieKontakte"_s, u"Name"_s));
+            QCOMPARE(entriesOf(categories).mid(1), columnOf(u"KategorieKontakte"_s, u"Name"_s));
         }
     }
 

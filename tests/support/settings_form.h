@@ -16,13 +16,6 @@ inline QString at(const char* name, int index) {
     return QStringLiteral("%1(%2)").arg(QString::fromUtf8(name)).arg(index);
 }
 
-inline QStringList entriesOf(const QComboBox& box) {
-    QStringList entries;
-    for (int i = 0; i < box.count(); ++i)
-        entries << box.itemText(i);
-    return entries;
-}
-
 /// Base of the tests of the settings dialog.
 class SettingsFormTest : public TestBase {
 protected:

@@ -80,7 +80,7 @@ private Q_SLOTS:
         if (QStandardPaths::findExecutable(u"setpriv"_s).isEmpty())
             QSKIP("permissions do not bind this user, and setpriv is not there to become another one");
         m_asAnyone = QStringList{u"setpriv"_s, u"--reuid=65534"_s, u"--regid=65534"_s, u"--clear-groups"_s};
-        if (!Probe({}, m_asAnyone).line().startsWith(u"verbs:"_s))
+        if (!Probe(QStringList(), m_asAnyone).line().startsWith(u"verbs:"_s))
             QSKIP(
                 "permissions do not bind this user, and another one cannot reach the programs of this build");
     }
