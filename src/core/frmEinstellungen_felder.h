@@ -9,7 +9,6 @@
 class QCheckBox;
 class QComboBox;
 class QGridLayout;
-class QLabel;
 class QWidget;
 
 namespace kolibri {
