@@ -96,8 +96,8 @@ private Q_SLOTS:
         for (int number = 1;; ++number) {
             form.hide();
             QVERIFY(QFile::remove(file) && QFile::copy(kept, file));
-            Probe probe(u"cascade_probe"_s,
-                        QStringList{home(), mode, QString::number(id), QString::number(number)} + typed);
+            Probe probe(QStringList{home(), mode, QString::number(id), QString::number(number)} + typed, {},
+                        u"cascade_probe"_s);
             const QString reached = probe.line();
             if (reached == u"done"_s) {
                 QVERIFY(probe.ended());

@@ -12,11 +12,10 @@ public:
     /// Longest time that a probe may take to say its next line.
     static constexpr int kPatience = 120'000;
 
-    /// Starts the probe of the store; `prefix` is a command that starts it as somebody else.
-    explicit Probe(const QStringList& arguments, const QStringList& prefix = {})
-        : Probe(QStringLiteral("store_probe"), arguments, prefix) {}
-    /// Starts another probe.
-    Probe(const QString& program, const QStringList& arguments, QStringList prefix = {}) {
+    /// Starts a probe, the one of the store unless another is named; `prefix` is a command that starts it as
+    /// somebody else.
+    explicit Probe(const QStringList& arguments, QStringList prefix = {},
+                   const QString& program = QStringLiteral("store_probe")) {
         prefix << QStringLiteral(KOLIBRI_BIN_DIR "/") + program << arguments;
         m_process.setProgram(prefix.takeFirst());
         m_process.setArguments(prefix);
