@@ -140,8 +140,9 @@ QWidget* SchuelerWoche::buildCell(int gruppe, int tag) {
     Zelle& cell = zelle(gruppe, tag);
     cell.cmbGR = new RecordChoice(named(u"cmbGR%1"_s));
     cell.cmbGR->setAccessibleName(place);
-    // Room for the begin and half the end of a time; in a narrower window the week scrolls.
-    constexpr int kLetters = 7;
+    // Room for the begin of a time at least, so that five days fit half a usual screen; in a narrower window
+    // the week scrolls.
+    constexpr int kLetters = 4;
     cell.cmbGR->setMinimumContentsLength(kLetters);
     connect(cell.cmbGR, &QComboBox::activated, this, [this, gruppe, tag] { gewaehlt(gruppe, tag); });
 

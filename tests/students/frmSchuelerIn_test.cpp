@@ -334,8 +334,8 @@ private Q_SLOTS:
             QVERIFY(box(form, 1, tag).width() >= box(form, 1, tag).minimumSizeHint().width());
             QCOMPARE(box(form, 7, tag).width(), box(form, 1, tag).width());
         }
-        // On a screen of the usual kind all five days are in sight.
-        form.resize(1024, 700);
+        // On a screen of the usual kind at twice the size all five days are in sight.
+        form.resize(1920 / 2, 1080 / 2);
         QCoreApplication::processEvents();
         const QWidget& last = box(form, 1, kSchoolDays - 1);
         QVERIFY(last.visibleRegion().boundingRect() == last.rect());
