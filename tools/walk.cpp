@@ -27,10 +27,12 @@ void waitFor(int milliseconds) {
 
 /// What a window checks again and again by itself, such as the lamps of a week, has been checked once more.
 void waitForTicks(const QWidget& window) {
+    constexpr int kLongest = 5000;
     const auto* timer = window.findChild<QTimer*>(u"Timer1"_s);
     if (!timer || !timer->isActive())
         return;
     QEventLoop loop;
+    QTimer::singleShot(kLongest, &loop, &QEventLoop::quit);
     QObject::connect(timer, &QTimer::timeout, &loop, &QEventLoop::quit);
     loop.exec();
 }
@@ -61,9 +63,12 @@ void waitUntilDrawn(frmAnzeige_WEB_Browser& window, const QImage& before) {
     }
 }
 
-QImage lookOf(const frmAnzeige_WEB_Browser& window) {
-    const auto* view = window.findChild<QWidget*>(u"WebBrowser1"_s);
-    return view ? const_cast<QWidget*>(view)->grab().toImage() : QImage();
+/// The window that the user works in.
+QWidget& openWindow(const Station& station) {
+    QWidget* window = QApplication::activeModalWidget();
+    if (!window)
+        throw WalkStopped(u"%1 opens no window"_s.arg(station.entry));
+    return *window;
 }
 
 } // namespace
@@ -96,16 +101,12 @@ void Walk::visit(frmStart& start, const Station& station) {
     entry->setVisible(true);
     entry->trigger();
     entry->setVisible(seen);
-    for (const auto& filling : station.fillings) {
-        QWidget* window = QApplication::activeModalWidget();
-        if (!window)
-            throw WalkStopped(u"%1 opens no window"_s.arg(station.entry));
-        fill(*window, filling);
-    }
+    for (const auto& filling : station.fillings)
+        fill(openWindow(station), filling);
     if (!station.picture.isEmpty())
-        picture(*QApplication::activeModalWidget(), station.picture);
+        picture(openWindow(station), station.picture);
     if (station.leaving == Leaving::Confirmed || !m_awaited.isEmpty())
-        fill(*QApplication::activeModalWidget(), {u"cmdOK"_s});
+        fill(openWindow(station), {u"cmdOK"_s});
     while (auto* form = dynamic_cast<FormWindow*>(QApplication::activeModalWidget()))
         form->reject();
     if (!m_awaited.isEmpty())
@@ -122,7 +123,7 @@ void Walk::page() {
     savePage(window, name);
     auto* drawing = window.findChild<QAction*>(u"mnuGrafik"_s);
     if (drawing->isVisible()) {
-        const QImage before = lookOf(window);
+        const QImage before = window.findChild<QWidget*>(u"WebBrowser1"_s)->grab().toImage();
         drawing->trigger();
         waitUntilDrawn(window, before);
         savePage(window, name + u"-grafik"_s);

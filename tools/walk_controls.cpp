@@ -6,6 +6,8 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QComboBox>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
@@ -67,6 +69,14 @@ void chooseEntry(QComboBox& box, const QString& value) {
     Q_EMIT box.activated(box.currentIndex());
 }
 
+/// Types a text and goes on to the next box, as some boxes are looked at when they are left.
+void type(QLineEdit& box, const QString& text) {
+    box.setFocus();
+    box.setText(text);
+    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+    QCoreApplication::sendEvent(&box, &tab);
+}
+
 /// Runs `work` on the control if it is of this kind.
 template <class T, class Work> bool with(QObject* control, Work work) {
     auto* known = dynamic_cast<T*>(control);
@@ -85,7 +95,7 @@ void fill(QWidget& window, const Filling& filling) {
     const bool done = with<ListView>(control, [&](auto& list) { chooseRow(list, value); })
                       || with<QListWidget>(control, [&](auto& list) { chooseEntries(list, value); })
                       || with<QComboBox>(control, [&](auto& box) { chooseEntry(box, value); })
-                      || with<QLineEdit>(control, [&](auto& box) { box.setText(value); })
+                      || with<QLineEdit>(control, [&](auto& box) { type(box, value); })
                       || with<QTextEdit>(control, [&](auto& box) { box.setPlainText(value); })
                       || with<QPlainTextEdit>(control, [&](auto& box) { box.setPlainText(value); })
                       || with<QTabWidget>(control, [&](auto& tabs) { turnTo(tabs, value); })

@@ -47,7 +47,14 @@ Stations calendar() {
           {u"cmbUE"_s, u"14:45 - 15:30"_s}},
          u"arbeitsgruppe-neu"_s},
         {u"mnuArbeitsgruppenLöschen"_s, {{u"lvwME_LZ_AG"_s, u"Tanzen"_s}}, u"arbeitsgruppe-loeschen"_s},
-        {u"mnuBelegungplanME"_s, {{u"txtPlätze_A(0)"_s, u"24"_s}}, u"belegungsplan-mensa"_s},
+        {u"mnuBelegungplanME"_s,
+         {{u"txtPlätze_A(4)"_s, u"5"_s},
+          {u"txtPlätze_B(4)"_s, u"8"_s},
+          {u"txtPlätze_C(4)"_s, u"5"_s},
+          {u"txtPlätze_D(4)"_s, u"5"_s}},
+         u"belegungsplan-mensa"_s,
+         {},
+         Leaving::Confirmed},
         {u"mnuBelegungsplanLZ"_s, {}, u"belegungsplan-lernzeit"_s},
         {u"mnuZuweisungMensa"_s,
          {{u"cmbEinheitTag"_s, u"MO"_s}, {u"cmbEinheit"_s, u"ME2"_s}, {u"cmbKlasse"_s, u"3b"_s}},
@@ -65,6 +72,8 @@ Stations calendar() {
 Stations pupils() {
     const QString correction = u"mnuSchülerIn_Korrektur"_s;
     const Filling row{u"lvwStammdaten"_s, kPupil};
+    // The form opens with the page on which it was left.
+    const Filling week{u"SSTab1"_s, u"Woche"_s};
     return {
         {correction, {row, {u"cmbGR1(0)"_s, kOffering}}, u"schueler-woche"_s, {}, Leaving::Confirmed},
         {correction, {row, {u"cmbGR2(0)"_s, u"12:30 - 13:15 LZ1"_s}}, u"schueler-konflikt"_s},
@@ -74,10 +83,10 @@ Stations pupils() {
          {{u"lvwStammdaten"_s, u"Berger"_s}, {u"SSTab1"_s, u"Anmerkung"_s}},
          u"schueler-anmerkung"_s},
         {correction, {row, {u"Y_GR1(3)"_s}}, u"notiz"_s},
-        {u"mnuSchülerIn_Neu"_s, {}, u"schueler-neu"_s},
-        {u"mnuSchülerIn_Löschen"_s, {row}, u"schueler-loeschen"_s},
-        {u"mnuSchülerInAktivieren"_s, {{u"lvwStammdaten"_s, QString()}}, u"schueler-aktivieren"_s},
-        {u"mnuSchulanänger_Korrektur"_s, {{u"lvwStammdaten"_s, QString()}}, u"schulanfaenger"_s},
+        {u"mnuSchülerIn_Neu"_s, {week}, u"schueler-neu"_s},
+        {u"mnuSchülerIn_Löschen"_s, {row, week}, u"schueler-loeschen"_s},
+        {u"mnuSchülerInAktivieren"_s, {{u"lvwStammdaten"_s, QString()}, week}, u"schueler-aktivieren"_s},
+        {u"mnuSchulanänger_Korrektur"_s, {{u"lvwStammdaten"_s, QString()}, week}, u"schulanfaenger"_s},
         {u"mnuWP_Notizen_Neu"_s,
          {row, {u"cmbUE"_s, u"14:00 - 14:45"_s}, {u"cmbTag"_s, u"DI"_s}, {u"txtNotiz"_s, u"Logopädie"_s}},
          u"tagesplan-notiz"_s},
@@ -94,11 +103,15 @@ Stations pupils() {
 Stations careLists() {
     return {
         {u"mnuListeMensaKlasse"_s,
-         {{u"cmbKlasse"_s, u"3b"_s}, {u"cmbME_LZ"_s, u"Mensa Mitte"_s}},
+         {{u"cmbKlasse"_s, u"3b"_s},
+          {u"cmbME_LZ"_s, u"Mensa Mitte"_s},
+          {u"txtVon"_s, u"14.09.2026"_s},
+          {u"txtBis"_s, u"18.09.2026"_s},
+          {u"rtfVorher"_s, u"Bitte bis 12:25 Uhr im Speiseraum sein."_s}},
          u"auswahl-mensa"_s,
          u"liste-mensa-klasse"_s},
         {u"mnuListeMensaKlassenGruppiert"_s,
-         {{u"cmbKlasse"_s, u"B"_s}, {u"cmbME_LZ"_s, u"Mensa Mitte"_s}},
+         {{u"cmbKlasse"_s, u"b"_s}, {u"cmbME_LZ"_s, u"Mensa Mitte"_s}},
          {},
          u"liste-mensa-gruppiert"_s},
         {u"mnuListeMensaEinheit"_s,
