@@ -126,6 +126,9 @@ void frmListentext::formFormatieren() {
     frmAuswahl[1]->setVisible(isGroup);
     frmAuswahl[0]->setTitle(offeringTyp(m_kind).toUpper());
     m_offeringLabel->setText(m_kind == OfferingKind::Mensa ? u"&ME:"_s : u"&LZ:"_s);
+    // Before the window is there, the layout does not yet know which frame is left out.
+    layout()->invalidate();
+    layout()->activate();
     // Wide enough for a line of text as a list shows it.
     const QSize wanted(kTextCharacters * fontMetrics().averageCharWidth(), 0);
     resize(sizeHint().expandedTo(wanted).boundedTo(roomOnScreen(*this)));
