@@ -79,7 +79,7 @@ void report(const Walk& road, const QDir& folder) {
 int main(int argc, char** argv) {
     Application application(argc, argv);
     QCommandLineParser parser;
-    parser.addOption({u"breite"_s, u"Kein Bild wird breiter."_s, u"N"_s, u"0"_s});
+    parser.addOption({u"breite"_s, u"Kleine Bilder für Dokumente, keines breiter."_s, u"N"_s, u"0"_s});
     parser.addPositionalArgument(u"ORDNER"_s, u"Wohin Bilder und Listen kommen; ohne Angabe out"_s);
     parser.process(application);
     const QDir folder(parser.positionalArguments().value(0, u"out"_s));

@@ -12,6 +12,7 @@
 #include <QEventLoop>
 #include <QFile>
 #include <QImage>
+#include <QSet>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -63,12 +64,33 @@ void waitUntilDrawn(frmAnzeige_WEB_Browser& window, const QImage& before) {
     }
 }
 
-/// The window that the user works in.
+/// The window that the user works in. On a screen without a window manager it has the keyboard some moments
+/// after it is there.
 QWidget& openWindow(const Station& station) {
+    constexpr int kLongest = 2000, kWhile = 10;
     QWidget* window = QApplication::activeModalWidget();
     if (!window)
         throw WalkStopped(u"%1 opens no window"_s.arg(station.entry));
+    QElapsedTimer waiting;
+    waiting.start();
+    while (!window->isActiveWindow() && waiting.elapsed() < kLongest)
+        waitFor(kWhile);
     return *window;
+}
+
+/// A picture for a document: no wider than that, and with few colours, which makes small files of windows.
+QImage forDocuments(QImage image, int widest) {
+    constexpr int kPalette = 256;
+    if (image.width() > widest)
+        image = image.scaledToWidth(widest, Qt::SmoothTransformation);
+    // Four bits for each of red, green and blue; white stays white.
+    image = image.convertToFormat(QImage::Format_RGB444).convertToFormat(QImage::Format_RGB32);
+    QSet<QRgb> colours;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            colours.insert(image.pixel(x, y));
+    return colours.size() > kPalette ? image
+                                     : image.convertToFormat(QImage::Format_Indexed8, Qt::AvoidDither);
 }
 
 } // namespace
@@ -83,8 +105,8 @@ void Walk::picture(QWidget& window, const QString& name) {
     QCoreApplication::processEvents();
     waitForTicks(window);
     QImage image = window.grab().toImage();
-    if (m_widest > 0 && image.width() > m_widest)
-        image = image.scaledToWidth(m_widest, Qt::SmoothTransformation);
+    if (m_widest > 0)
+        image = forDocuments(image, m_widest);
     constexpr int kSmallestFile = 0;
     if (const QString file = newFile(name + u".png"_s); !image.save(file, "PNG", kSmallestFile))
         throw WalkStopped(u"the picture %1 cannot be written"_s.arg(file));

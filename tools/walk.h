@@ -16,7 +16,8 @@ class frmStart;
 class Walk {
 public:
     /// @param folder where the pictures and the lists go
-    /// @param widest width that no picture exceeds; 0 for pictures as large as the windows
+    /// @param widest width that no picture exceeds, for pictures in a document; 0 for pictures as the windows
+    /// are
     Walk(const QDir& folder, int widest) : m_folder(folder), m_widest(widest) {}
 
     /// Saves a picture of a window as it stands.

@@ -75,6 +75,7 @@ Stations pupils() {
     // The form opens with the page on which it was left.
     const Filling week{u"SSTab1"_s, u"Woche"_s};
     return {
+        {u"mnuSchülerIn_Neu"_s, {week}, u"schueler-neu"_s},
         {correction, {row, {u"cmbGR1(0)"_s, kOffering}}, u"schueler-woche"_s, {}, Leaving::Confirmed},
         {correction, {row, {u"cmbGR2(0)"_s, u"12:30 - 13:15 LZ1"_s}}, u"schueler-konflikt"_s},
         {correction, {row, {u"SSTab1"_s, u"Kontakte"_s}}, u"schueler-kontakte"_s},
@@ -83,7 +84,6 @@ Stations pupils() {
          {{u"lvwStammdaten"_s, u"Berger"_s}, {u"SSTab1"_s, u"Anmerkung"_s}},
          u"schueler-anmerkung"_s},
         {correction, {row, {u"Y_GR1(3)"_s}}, u"notiz"_s},
-        {u"mnuSchülerIn_Neu"_s, {week}, u"schueler-neu"_s},
         {u"mnuSchülerIn_Löschen"_s, {row, week}, u"schueler-loeschen"_s},
         {u"mnuSchülerInAktivieren"_s, {{u"lvwStammdaten"_s, QString()}, week}, u"schueler-aktivieren"_s},
         {u"mnuSchulanänger_Korrektur"_s, {{u"lvwStammdaten"_s, QString()}, week}, u"schulanfaenger"_s},
