@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, makes a sample school where there is no database yet, and starts the program.
-# Without a display it walks through the windows on a virtual screen and leaves their pictures in out/.
+# Without a display it walks through the windows on a virtual screen, and leaves their pictures and the lists of the day
+# as PDF in out/.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
@@ -15,7 +16,7 @@ if [[ -z ${DISPLAY:-} && -z ${WAYLAND_DISPLAY:-} ]]; then
   KOLIBRI_HOME=$(mktemp -d)
   export KOLIBRI_HOME
   trap 'rm -rf "$KOLIBRI_HOME"' EXIT
-  "$bin/kolibri-db" beispiel "$KOLIBRI_HOME"
+  "$bin/kolibri-db" beispiel "$KOLIBRI_HOME" >/dev/null
   xvfb-run -a -s '-screen 0 1366x768x24' "$bin/kolibri-rundgang" out
   exit
 fi

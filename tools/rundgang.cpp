@@ -10,6 +10,7 @@
 #include "core/mdlGlobal.h"
 #include "core/widgets/application.h"
 #include "core/widgets/forms.h"
+#include "lists/list_helpers.h"
 #include "maintenance/frmExcelDaten.h"
 #include "walk.h"
 #include "walk_controls.h"
@@ -17,6 +18,7 @@
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QLoggingCategory>
 #include <QTextStream>
 
 using namespace Qt::StringLiterals;
@@ -66,17 +68,25 @@ void walk(Walk& road) {
     showImport(road, start);
 }
 
+int countPupils() {
+    const DbSession session(u"Kinder zählen"_s);
+    return pupilCount();
+}
+
 void report(const Walk& road, const QDir& folder) {
     const QString place = QDir::toNativeSeparators(folder.absolutePath());
     QTextStream out(stdout);
     out << u"Bilder der Fenster: %1 in %2\n"_s.arg(road.pictures()).arg(place)
         << u"Listen als PDF: %1 in %2\n"_s.arg(road.lists()).arg(place)
-        << u"Beispielschule: %1\n"_s.arg(DatenbankDatei(Global().DB_Pfad));
+        << u"Beispielschule: %1 Kinder in %2 Klassen\n"_s.arg(countPupils())
+               .arg(Global().KlassenListe.size());
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+    // What the browser engine tells of a machine without graphics hardware helps nobody here.
+    QLoggingCategory::setFilterRules(u"qt.webenginecontext=false"_s);
     Application application(argc, argv);
     QCommandLineParser parser;
     parser.addOption({u"breite"_s, u"Kleine Bilder für Dokumente, keines breiter."_s, u"N"_s, u"0"_s});
