@@ -16,6 +16,9 @@ install(FILES packaging/kolibri.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/app
 install(FILES packaging/kolibri.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES data/kolibri.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(FILES LICENSE CHANGELOG.md README.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kolibri)
+# Where README.md expects the manual and its pictures.
+install(FILES docs/handbuch.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kolibri/docs)
+install(DIRECTORY docs/bilder DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kolibri/docs)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
