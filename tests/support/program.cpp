@@ -133,7 +133,8 @@ void Program::waitForDialog() {
         qFatal("no file dialog comes");
 }
 
-bool Program::waitForEnd() {
+bool Program::endBy(const QString& action) {
+    ask(u"trigger"_s, action);
     return m_process.waitForFinished(kPatience) && m_process.exitStatus() == QProcess::NormalExit
            && m_process.exitCode() == 0;
 }

@@ -45,8 +45,8 @@ public:
     void waitForBox(const QString& beginning);
     /// Waits until a file dialog is there.
     void waitForDialog();
-    /// Waits for the end of the program. False when it does not end by itself, or not well.
-    bool waitForEnd();
+    /// Presses the menu entry that ends the program. False when it does not end, or not well.
+    bool endBy(const QString& action);
 
 private:
     QJsonValue ask(const QString& verb, const QString& name = {}, const QString& text = {}, int row = 0);

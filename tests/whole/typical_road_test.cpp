@@ -166,8 +166,7 @@ private:
         QVERIFY2(after.contains(kPupil) && after.contains(u"17:15 - 18:00")
                      && after.contains(u"Bitte pünktlich") && !after.contains(u"17:00 - 17:45"),
                  qPrintable(after));
-        program.trigger(u"mnuBeenden"_s);
-        QVERIFY(program.waitForEnd());
+        QVERIFY(program.endBy(u"mnuBeenden"_s));
     }
 
     int m_lists = 0;
@@ -185,8 +184,7 @@ private Q_SLOTS:
             program.waitForBox(u"Die Datenbank stammt aus einer älteren Programmversion."_s);
             program.answer(u"Ja"_s);
             program.waitForWindow(u"frmStart"_s);
-            program.trigger(u"mnuBeenden"_s);
-            QVERIFY(program.waitForEnd());
+            QVERIFY(program.endBy(u"mnuBeenden"_s));
         }
         walkTheRoad();
     }
