@@ -104,7 +104,7 @@ int main(int argc, char** argv) {
         // Told of on the terminal already.
         result = boxesOfTrouble() == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
     } catch (const WalkStopped& stopped) {
-        QTextStream(stderr) << stopped.what() << '\n';
+        QTextStream(stderr) << QString::fromUtf8(stopped.what()) << '\n';
     } catch (...) {
         reportError(std::current_exception());
     }

@@ -7,6 +7,7 @@
 namespace kolibri {
 
 /// Something that the office does in a window: in a control, by its object name, it chooses or types a value.
+/// In a list of rows an empty value is the first row; a button is pressed, whatever the value.
 struct Filling {
     QString control;
     QString value = {};
