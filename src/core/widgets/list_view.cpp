@@ -66,6 +66,11 @@ ListView::ListView(const QString& objectName, const QString& accessibleName)
     connect(find, &QShortcut::activated, this, [this] { startSearch(); });
 }
 
+ListView::~ListView() {
+    // A search box that has the keyboard lets go of it when it dies, and must find its list whole then.
+    delete m_search;
+}
+
 void ListView::setColumns(const std::vector<ListColumn>& columns) {
     m_columns = columns;
     QStringList headings;

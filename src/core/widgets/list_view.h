@@ -32,6 +32,7 @@ class ListSearch;
 class ListView : public QTreeWidget {
 public:
     ListView(const QString& objectName, const QString& accessibleName);
+    ~ListView() override;
 
     void setColumns(const std::vector<ListColumn>& columns);
     /// Puts these rows in the place of all rows there are. The user's sort order is dropped with them.
