@@ -17,7 +17,7 @@ else()
     $<$<BOOL:${KOLIBRI_WERROR}>:-Werror>)
   if(KOLIBRI_SANITIZE)
     target_compile_options(kolibri_flags INTERFACE
-      -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer -O1)
+      -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer -O1 -g1)
     target_link_options(kolibri_flags INTERFACE -fsanitize=address,undefined)
   endif()
 endif()
