@@ -86,7 +86,6 @@ class TestBase : public QObject {
 
 public:
     TestBase();
-    ~TestBase() override;
 
 protected:
     /// The base folder of the program in this test, with its ProgramData.
