@@ -121,9 +121,7 @@ QSize frmStart::startSize() const {
 
 void frmStart::run(const MenuTask& task) {
     applyTask(task);
-    const auto& targets = menuTargets();
-    const auto found = targets.find(task.target);
-    (found == targets.end() ? targets.at(QString()) : found->second)(this, task);
+    menuTargets().at(task.target)(this, task);
 }
 
 bool frmStart::event(QEvent* event) {

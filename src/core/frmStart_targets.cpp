@@ -17,6 +17,7 @@
 #include "core/settings_file.h"
 #include "core/startup.h"
 #include "core/widgets/forms.h"
+#include "core/widgets/wait_cursor.h"
 #include "lists/care/frmME_Individuell.h"
 #include "lists/care/frmME_LZ_Anzeigen.h"
 #include "lists/care/frmME_jeSchueler.h"
@@ -44,7 +45,6 @@
 #include "students/frmWP_Notizen.h"
 
 #include <QDir>
-#include <QGuiApplication>
 #include <QWidget>
 
 using namespace Qt::StringLiterals;
@@ -54,11 +54,6 @@ namespace {
 
 constexpr int kInformation = 64;
 
-/// Says so in one box where the office asks for a part of the program that is still to be built.
-void notYetThere() {
-    MsgBox(u"Dieser Programmteil steht noch nicht zur Verfügung."_s, kInformation);
-}
-
 /// Runs a command that is told the number of a list.
 template <void (*show)(quint8)> void list(QWidget*, const MenuTask& task) {
     show(task.listenArt);
@@ -67,15 +62,6 @@ template <void (*show)(quint8)> void list(QWidget*, const MenuTask& task) {
 void info(QWidget*, const MenuTask&) {
     MsgBox(u"Kolibri\n"_s + versionLine(), kInformation, u"Info"_s);
 }
-
-/// The wait cursor for the length of a block.
-class WaitCursor {
-public:
-    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
 
 /// Looks at every pupil of the school before the page opens.
 void overlapReport(QWidget*, const MenuTask& task) {
@@ -192,7 +178,6 @@ const std::map<QString, MenuTarget>& menuTargets() {
         {u"frmUnterrichtszeiten"_s, open<frmUnterrichtszeiten>},
         {u"frmWP_Notizen"_s, open<frmWP_Notizen>},
         {u"frmWochenplan"_s, open<frmWochenplan>},
-        {QString(), [](QWidget*, const MenuTask&) { notYetThere(); }},
     };
     return targets;
 }

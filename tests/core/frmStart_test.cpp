@@ -1,5 +1,4 @@
 #include "core/frmStart.h"
-#include "core/frmStart_targets.h"
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
 #include "core/menu_table.h"
@@ -13,7 +12,6 @@ using namespace kolibri;
 
 namespace {
 
-const QString kNotYet = u"Dieser Programmteil steht noch nicht zur Verfügung."_s;
 const QString kStartAnew = u"Zur Übernahme der Daten bitte das Programm neu starten!"_s;
 const QString kFourClasses = u"Es werden nur die Klassen 'A bis D' dargestellt!"_s;
 
@@ -240,17 +238,6 @@ private Q_SLOTS:
         QVERIFY(action(u"mnuInfo"_s)->isEnabled());
         for (const auto& name : {u"mnuNeueDatenbank"_s, u"mnuBeispielschule"_s})
             QVERIFY2(action(name)->isVisible() && action(name)->isEnabled(), qPrintable(name));
-    }
-
-    void anEntryOfALaterPartSaysSoInTheCommonBox() {
-        for (const auto& entry : menuTable())
-            if (!entry.task.target.isEmpty() && menuTargets().count(entry.task.target) == 0) {
-                doorsOfTest.expect(kNotYet);
-                choose(entry.name);
-            }
-        doorsOfTest.expect(kNotYet);
-        menuTargets().at(QString())(&window(), {});
-        QCOMPARE(doorsOfTest.boxes().back().title, u"Kolibri"_s);
     }
 
     void aHiddenEntryWithoutHandlerDoesNothing() {

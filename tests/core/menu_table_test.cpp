@@ -269,6 +269,17 @@ private Q_SLOTS:
             QVERIFY(run);
         }
     }
+
+    void everyEntryFindsItsTarget() {
+        int found = 0;
+        for (const auto& entry : menuTable()) {
+            if (entry.task.target.isEmpty())
+                continue;
+            QVERIFY2(menuTargets().contains(entry.task.target), qPrintable(entry.name));
+            ++found;
+        }
+        QVERIFY(found > 60);
+    }
 };
 
 KOLIBRI_TEST_MAIN(MenuTableTest)

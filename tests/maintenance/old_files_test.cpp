@@ -5,7 +5,6 @@
 #include "calendar/capacity_plan.h"
 #include "core/frmEinstellungen.h"
 #include "core/frmStart.h"
-#include "core/frmStart_targets.h"
 #include "core/mdlAllgemein.h"
 #include "core/mdlGlobal.h"
 #include "core/menu_table.h"
@@ -290,7 +289,7 @@ private Q_SLOTS:
         window.setState(StartState::Ready);
         int opened = 0;
         for (const auto& entry : menuTable()) {
-            if (!entry.task.target.startsWith(u"frm"_s) || !menuTargets().contains(entry.task.target))
+            if (!entry.task.target.startsWith(u"frm"_s))
                 continue;
             window.findChild<QAction*>(entry.name)->trigger();
             FormWindow* form = nullptr;
