@@ -311,6 +311,74 @@ private Q_SLOTS:
         COMPARE_STATE(expected);
     }
 
+    /// With time and day as they were no pupil is looked for: neither their number nor a day without a column
+    /// of its own keeps the office from writing down another room.
+    void anotherPlaceAsksForNoPupil() {
+        useGroupSchool();
+        addPupils(1000, u"GR3_MO"_s, kTanz);
+        correct(kGroup, 3, {{kBoxOrt, u"Aula"_s}});
+        QCOMPARE(columnOf(u"GR7"_s, u"Ort"_s).at(2), u"Aula"_s);
+        {
+            const DbSession session(u"Test"_s);
+            Global().Conn.Change(u"GR3"_s, {{u"Tag"_s, u"SA"_s}}, u"ID = 3"_s);
+        }
+        correct(kGroup, 3, {{kBoxOrt, u"Turnhalle"_s}});
+        QCOMPARE(columnOf(u"GR7"_s, u"Ort"_s).at(2), u"Turnhalle"_s);
+    }
+
+    /// Texts and places go by the key alone, whatever kind of offering they were written for.
+    void deletingAMensaTakesTextsAndPlacesOfItsKeyOfEveryKind() {
+        useCareSchool();
+        addRow(kTexts, {{u"Typ"_s, u"Lernzeit"_s},
+                        {u"K_Name"_s, u"ANDER"_s},
+                        {u"Tag"_s, u"FR"_s},
+                        {u"Zeit_K_Name"_s, kMe1}});
+        addRow(kPlaces, {{u"Bezeichnung"_s, u"ANDER"_s}, {u"Feld1"_s, u"LZ"_s}, {u"Feld3"_s, kMe1}});
+        remove(kMensa, 1);
+        QVERIFY(!columnOf(kTexts, u"Zeit_K_Name"_s).contains(kMe1));
+        QVERIFY(!columnOf(kPlaces, u"Feld3"_s).contains(kMe1));
+    }
+
+    /// Another time of the same group on the same day stays, and so does a Mensa's text of its name and time.
+    void deletingAGroupTakesOnlyItsOwnTimeAndItsOwnTexts() {
+        useGroupSchool();
+        const QString longName = columnOf(u"GR3"_s, u"L_Name"_s).first();
+        const QString late = u"16:00 - 17:00"_s;
+        const QString lateKey = late + u" CHOR"_s;
+        const FieldValues named{{u"L_Name"_s, longName}, {u"Tag"_s, u"MO"_s}};
+        const FieldValues ofLate = joined(named, {{u"Zeit"_s, late}, {u"Zeit_K_Name"_s, lateKey}});
+        addRow(u"GR4"_s, joined(ofLate, {{u"K_Name"_s, u"CHOR"_s}}));
+        addRow(kTexts, joined(ofLate, {{u"Typ"_s, u"Arbeitsgruppe"_s}}));
+        addRow(kTexts, joined(named, {{u"Typ"_s, u"Mensa"_s}, {u"Zeit"_s, u"15:00 - 16:00"_s}}));
+        addRow(kNotes, joined(ofLate, {{u"SCH_ID"_s, 2}, {u"GR"_s, u"GR4"_s}}));
+        remove(kGroup, 1);
+        QCOMPARE(columnOf(u"GR4"_s, u"Zeit_K_Name"_s).count(lateKey), 1);
+        QCOMPARE(columnOf(kTexts, u"Zeit_K_Name"_s).count(lateKey), 1);
+        QCOMPARE(columnOf(kTexts, u"Typ"_s).last(), u"Mensa"_s);
+        QCOMPARE(columnOf(kNotes, u"Zeit_K_Name"_s).count(lateKey), 1);
+    }
+
+    /// The key of a row may have been written by hand; pupils are found by time and short name all the same.
+    void aGroupIsFoundByTimeAndShortName() {
+        useGroupSchool();
+        const DbSession session(u"Test"_s);
+        Offering offering = ME_LZ_AG_DatensatzLesen(kGroup, 3);
+        const ClickedOffering clicked{3, offering.Zeit(), offering[kBoxTag], u"anders"_s};
+        offering[kBoxBis] = u"15:30"_s;
+        AG_Daten_KORREKTUR(offering, clicked);
+        const Recordset rs = Global().Conn.Open(u"SELECT GR3_MO FROM Stammdaten WHERE ID = 4"_s);
+        QCOMPARE(rs.Text(0), u"15:00 - 15:30 TANZ"_s);
+    }
+
+    void aMensaIsDeletedByTheKeyInTheBoxes() {
+        useCareSchool();
+        const DbSession session(u"Test"_s);
+        const Offering offering = ME_LZ_AG_DatensatzLesen(kMensa, 3);
+        ME_Daten_LÖSCHEN(offering, {3, offering.Zeit(), offering[kBoxTag], u"anders"_s});
+        const Recordset rs = Global().Conn.Open(u"SELECT GR1_MO FROM Stammdaten WHERE ID = 4"_s);
+        QCOMPARE(rs.Text(0), QString());
+    }
+
     void aWalkHoldsUpTo999Pupils_data() {
         QTest::addColumn<bool>("group");
         QTest::addColumn<bool>("deletes");
