@@ -10,6 +10,7 @@
 
 #include <QCheckBox>
 #include <QDir>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -21,6 +22,12 @@ using namespace Qt::StringLiterals;
 
 namespace kolibri {
 namespace {
+
+/// True if both are there and one: a folder can be written in several ways.
+bool isSameFile(const QString& one, const QString& other) {
+    const QString place = QFileInfo(one).canonicalFilePath();
+    return !place.isEmpty() && place == QFileInfo(other).canonicalFilePath();
+}
 
 /// Not in use any more; what it once switched stands on the pupil form.
 QWidget* rahmenÜberschneidung() {
@@ -134,7 +141,7 @@ void frmEinstellungen::ok() {
     auto& global = Global();
     const OfficeSettings settings = m_felder.collect();
     // Into the database that they were read from: another one has settings of its own, which would be lost.
-    if (m_datei == DatenbankDatei(global.DB_Pfad) && DateiVorhanden(m_datei)) {
+    if (isSameFile(m_datei, DatenbankDatei(global.DB_Pfad))) {
         const DbSession session(u"Einstellungen speichern"_s);
         EinstellungenSchreiben(global.Conn, settings);
     }

@@ -211,6 +211,15 @@ private Q_SLOTS:
         QCOMPARE(Global().DB_Pfad, scratch() + u"/zweite"_s);
     }
 
+    void theSameFolderWrittenInAnotherWayStillGetsTheSettings() {
+        useEmptyDatabase();
+        type(form(), u"txtDatenbankpfad"_s, home() + u"/./"_s);
+        save(form());
+        type(form(), at("txtBeitrag", 0), u"Danach"_s);
+        save(form());
+        QVERIFY(columnOf(u"Einstellungen"_s, u"BeitragBezeichnung"_s).contains(u"Danach"_s));
+    }
+
     void aDatabaseMadeElsewhereMeanwhileIsInThePathBox() {
         useEmptyDatabase();
         auto& window = form();
