@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryFile>
 
 #include <xlsxwriter.h>
@@ -53,7 +54,9 @@ std::vector<QStringList> sheetTexts(const ListState& liste, SheetRows rows) {
 
 /// A text as a header or footer shows it: "&" begins a code there.
 QString plain(QString text) {
-    return text.replace(u'&', u"&&"_s);
+    // Before a "G" or "[" the library takes even a doubled mark for the place of a picture and loses its way.
+    static const QRegularExpression pictureMark(u"&(?=[G\\[])"_s);
+    return text.replace(u'&', u"&&"_s).replace(pictureMark, u"& "_s);
 }
 
 /// As much of a header or footer as the format takes, without half of a doubled "&" at its end.

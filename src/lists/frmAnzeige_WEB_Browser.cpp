@@ -142,7 +142,12 @@ void frmAnzeige_WEB_Browser::ShowFile(const QString& file) {
 }
 
 void frmAnzeige_WEB_Browser::GrafikUmschalten() {
-    ShowFile(mnuGrafik->isChecked() ? writeOccupancyPicture() : pageFile());
+    try {
+        ShowFile(mnuGrafik->isChecked() ? writeOccupancyPicture() : pageFile());
+    } catch (...) {
+        mnuGrafik->setChecked(m_file == occupancyPictureFile());
+        throw;
+    }
 }
 
 PageView& frmAnzeige_WEB_Browser::view() {

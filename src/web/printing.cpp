@@ -50,6 +50,8 @@ QStringList spoolerOptions(const QPrinter& printer, const QString& title) {
         add(u"sides=two-sided-long-edge"_s);
     else if (printer.duplex() == QPrinter::DuplexShortSide)
         add(u"sides=two-sided-short-edge"_s);
+    if (const QString paper = printer.pageLayout().pageSize().key(); !paper.isEmpty())
+        add(u"media="_s + paper);
     if (printer.colorMode() == QPrinter::GrayScale)
         add(u"print-color-mode=monochrome"_s);
     if (printer.copyCount() > 1)
@@ -117,7 +119,9 @@ QString spoolPdf(const QString& spooler, const QByteArray& pdf, const QString& t
         return process.errorString();
     if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
         return {};
-    return QString::fromLocal8Bit(process.readAllStandardError()).trimmed();
+    const QString words = QString::fromLocal8Bit(process.readAllStandardError()).trimmed();
+    return words.isEmpty() ? u"Der Drucker %1 hat den Auftrag nicht angenommen."_s.arg(printer.printerName())
+                           : words;
 }
 
 QString drawPdf(const QByteArray& pdf, QPrinter& printer) {
@@ -131,6 +135,8 @@ QString drawPdf(const QByteArray& pdf, QPrinter& printer) {
     if (document.pageCount() == 0)
         return u"Die Druckseiten können nicht gelesen werden."_s;
     const SheetRange range = rangeOf(printer, document.pageCount());
+    if (range.first > range.last)
+        return u"Die gewählten Seiten gibt es nicht: Die Liste hat %1."_s.arg(document.pageCount());
     printer.setFullPage(true);
     if (printer.resolution() > kFinest)
         printer.setResolution(kFinest);

@@ -241,6 +241,19 @@ private Q_SLOTS:
         QCOMPARE(written(SheetRows::OneRowEach).header, u"&C&\"Arial,Fett\"&11 1a"_s);
     }
 
+    // "&G" stands for a picture in a header, and the library that writes the sheet breaks on it.
+    void anAmpersandBeforeAGIsNoPicture() {
+        Global().SchuleOrganisation = u"Müller&Graf"_s;
+        Global().SchuleStrasse = u"A&[Picture]"_s;
+        makeList({{u"1"_s, u"Kunst&Gestaltung"_s, QString()}});
+        for (int time = 0; time < 2; ++time) {
+            const Book book = written(SheetRows::OneRowEach);
+            QCOMPARE(book.header, u"&C&\"Arial,Fett\"&11Kunst&& Gestaltung"_s);
+            QCOMPARE(book.footer, u"&LMüller&& Graf, A&& [Picture], &R &D"_s);
+            QCOMPARE(book.cells.value(u"A2"_s), u"Kunst&Gestaltung"_s);
+        }
+    }
+
     void anEndlessFirstCellOrAddressDoesNotBreakTheSheet() {
         Global().SchuleOrganisation = QString(300, u'O');
         makeList({{u"1"_s, QString(400, u'x'), QString(40000, u'y')}});

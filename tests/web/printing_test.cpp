@@ -91,6 +91,24 @@ private Q_SLOTS:
         QCOMPARE(options.value(options.indexOf(u"-P"_s) + 1), u"2-3"_s);
     }
 
+    void aSpoolerThatFailsWithoutAWordIsAFailureToo() {
+        QFile script(file(u"lp"_s));
+        QVERIFY(script.open(QIODevice::WriteOnly));
+        script.write("#!/bin/sh\ncat > /dev/null\nexit 1\n");
+        script.close();
+        QVERIFY(script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+        QPrinter printer;
+        QVERIFY(spoolPdf(file(u"lp"_s), threeSheets(), u"Liste"_s, printer)
+                    .endsWith(u"hat den Auftrag nicht angenommen."));
+    }
+
+    void theSpoolerIsToldThePaper() {
+        placeSpooler(0);
+        QPrinter printer;
+        printer.setPageSize(QPageSize(QPageSize::A5));
+        QVERIFY(optionsOf(printer).contains(u"media=A5"_s));
+    }
+
     void theSpoolersWordsAreHandedOnWhenItFails() {
         placeSpooler(1);
         QPrinter printer;
@@ -130,6 +148,16 @@ private Q_SLOTS:
         printer.setFromTo(2, 9);
         QCOMPARE(drawPdf(threeSheets(), printer), QString());
         QCOMPARE(sheetTexts(bytesOf(u"out.pdf"_s)).size(), 2);
+    }
+
+    void sheetsThatAreNotThereAreSaidAndPrintNothing() {
+        QPrinter printer;
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(file(u"out.pdf"_s));
+        printer.setPrintRange(QPrinter::PageRange);
+        printer.setFromTo(5, 9);
+        QCOMPARE(drawPdf(threeSheets(), printer), u"Die gewählten Seiten gibt es nicht: Die Liste hat 3."_s);
+        QVERIFY(!QFile::exists(file(u"out.pdf"_s)));
     }
 
     void whatIsNoPdfIsSaidAndPrintsNothing() {
