@@ -299,6 +299,27 @@ private Q_SLOTS:
         start();
         inDatabase([&](Connection& conn) { QCOMPARE(tableRows(conn, u"Einstellungen"_s), settings); });
     }
+
+    // What the office called the fields of the first contact person is what the new rows are called.
+    void theContactFieldsTakeTheLabelsOfTheFirstContactPerson() {
+        useEmptyDatabase();
+        inDatabase([&](Connection& conn) {
+            conn.Change(u"Einstellungen"_s, {{u"Bezeichnung"_s, u"Handy"_s}},
+                        u"Feld = 'GV1' AND Nummer = 6"_s);
+            conn.Change(u"Einstellungen"_s, {{u"Bezeichnung"_s, u"falsch"_s}},
+                        u"Feld = 'GV2' AND Nummer = 6"_s);
+            conn.Delete(u"Einstellungen"_s, u"Feld = 'Kontakt'"_s);
+            dropColumn(conn, u"Einstellungen"_s, u"KategorieKontakte"_s);
+            dropTable(conn, u"KategorieKontakte"_s);
+        });
+        start();
+        inDatabase([&](Connection& conn) {
+            const Recordset rs =
+                conn.Open(u"SELECT * FROM Einstellungen WHERE Feld = 'Kontakt' AND Nummer = 6"_s);
+            QCOMPARE(rs.RecordCount(), 1);
+            QCOMPARE(rs.Text(u"Bezeichnung") + u' ' + rs.Text(u"KategorieKontakte"), u"Handy Telefon"_s);
+        });
+    }
 };
 
 KOLIBRI_TEST_MAIN(ConversionsTest)

@@ -78,10 +78,14 @@ private Q_SLOTS:
     void theOrderFollowsTheChosenWord_data() {
         QTest::addColumn<QString>("word");
         QTest::addColumn<QStringList>("expected");
-        QTest::newRow("family") << u"Nachname"_s << QStringList{u"B A"_s, u"D A"_s, u"A B"_s, u"C C"_s};
-        QTest::newRow("first") << u"Vorname"_s << QStringList{u"A B"_s, u"B A"_s, u"C C"_s, u"D A"_s};
-        QTest::newRow("class") << u"Klasse"_s << QStringList{u"C C"_s, u"B A"_s, u"A B"_s, u"D A"_s};
-        QTest::newRow("grade") << u"Schulstufe"_s << QStringList{u"C C"_s, u"D A"_s, u"B A"_s, u"A B"_s};
+        QTest::newRow("family") << u"Nachname"_s
+                                << QStringList{u"B A"_s, u"D A"_s, u"A B"_s, u"C C"_s, u"E Y"_s, u"E Z"_s};
+        QTest::newRow("first") << u"Vorname"_s
+                               << QStringList{u"A B"_s, u"B A"_s, u"C C"_s, u"D A"_s, u"E Y"_s, u"E Z"_s};
+        QTest::newRow("class") << u"Klasse"_s
+                               << QStringList{u"C C"_s, u"B A"_s, u"A B"_s, u"D A"_s, u"E Y"_s, u"E Z"_s};
+        QTest::newRow("grade") << u"Schulstufe"_s
+                               << QStringList{u"C C"_s, u"D A"_s, u"B A"_s, u"A B"_s, u"E Y"_s, u"E Z"_s};
     }
     void theOrderFollowsTheChosenWord() {
         QFETCH(const QString, word);
@@ -91,6 +95,9 @@ private Q_SLOTS:
         addPupil(u"A"_s, u"B"_s, u"3a"_s, choir);
         addPupil(u"C"_s, u"C"_s, u"1a"_s, choir);
         addPupil(u"A"_s, u"D"_s, u"1b"_s, choir);
+        // Equal but for the family name, which decides in every order.
+        addPupil(u"Z"_s, u"E"_s, u"4b"_s, choir);
+        addPupil(u"Y"_s, u"E"_s, u"4b"_s, choir);
         Liste().Arbeitsgruppe.cmbSortierung = word;
         QTEST(names(), "expected");
     }
